@@ -1,0 +1,38 @@
+# How every target is compiled.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+# The log names files as `slate.core/...`, wherever the source tree lies.
+add_compile_options(-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
+
+# Calls within the shared library are direct: nobody replaces its functions one by one.
+add_compile_options(-fno-semantic-interposition)
+
+if(SLATE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(SLATE_CHECKED_LIBRARY)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()
+
+if(SLATE_COVERAGE)
+  add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
+  add_link_options(-fprofile-instr-generate)
+endif()
+
+# Warnings for our own targets alone: what other projects' headers hold is theirs.
+function(slate_set_warnings target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # It sees overlaps in `"text" + std::string()` that are not there (bug 105651 of the compiler).
+    target_compile_options(${target} PRIVATE -Wno-restrict)
+  endif()
+  if(SLATE_TIDY)
+    set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "clang-tidy;--quiet;--warnings-as-errors=*")
+  endif()
+endfunction()

@@ -1,0 +1,26 @@
+#include "slate/Annotation.h"
+
+#include "slate/NodeVisitor.h"
+
+namespace Slate {
+
+AnnotationPtr Annotation::create(Token name_token, ExpressionPtr value) {
+    return std::make_shared<Annotation>(CreateKey(), std::move(name_token), std::move(value));
+}
+
+Annotation::Annotation(CreateKey, Token&& name_token, ExpressionPtr&& value)
+    : Node(NodeType::Annotation), name_token_(std::move(name_token)), value_(std::move(value)) {}
+
+void Annotation::accept(NodeVisitor& visitor) {
+    visitor.visitAnnotation(shared_from_this());
+}
+
+void Annotation::unbind() {
+    owning_document_.reset();
+    owning_model_.reset();
+    owner_.reset();
+    if (value_)
+        value_->unbind();
+}
+
+} // namespace Slate

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "slate/ElementList.h"
+
+namespace Slate {
+
+/// An array literal, `[a, b]`.
+class Array : public ElementList, public std::enable_shared_from_this<Array> {
+  public:
+    static ArrayPtr create(vec<ExpressionPtr> elements, Token open_token, Token close_token);
+
+    Array(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_token, Token&& close_token);
+
+    ArrayPtr asArray() override { return shared_from_this(); }
+
+    void accept(NodeVisitor& visitor) override;
+
+  protected:
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+};
+
+} // namespace Slate

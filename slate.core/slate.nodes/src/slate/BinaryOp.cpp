@@ -1,0 +1,30 @@
+#include "slate/BinaryOp.h"
+
+#include "slate/NodeVisitor.h"
+
+namespace Slate {
+
+BinaryOpPtr BinaryOp::create(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token) {
+    return std::make_shared<BinaryOp>(CreateKey(), std::move(lhs), std::move(rhs), std::move(operator_token));
+}
+
+BinaryOp::BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& operator_token)
+    : Expression(NodeType::BinaryOp),
+      operator_token_(std::move(operator_token)),
+      lhs_(std::move(lhs)),
+      rhs_(std::move(rhs)) {}
+
+void BinaryOp::accept(NodeVisitor& visitor) {
+    visitor.visitBinaryOp(shared_from_this());
+}
+
+void BinaryOp::unbindLink() {
+    overload_.reset();
+    rhs_->unbind();
+}
+
+ExpressionPtr BinaryOp::cloneLink(ExpressionPtr chain_operand) const {
+    return create(std::move(chain_operand), rhs_->clone(), operator_token_);
+}
+
+} // namespace Slate

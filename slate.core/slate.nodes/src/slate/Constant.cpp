@@ -1,0 +1,31 @@
+#include "slate/Constant.h"
+
+#include "slate/NodeVisitor.h"
+
+namespace Slate {
+
+ConstantPtr Constant::create(Token token) {
+    return std::make_shared<Constant>(CreateKey(), std::move(token));
+}
+
+Constant::Constant(CreateKey, Token&& token) : Expression(NodeType::Constant), token_(std::move(token)) {
+    setSpan(refer(token_), refer(token_));
+}
+
+void Constant::accept(NodeVisitor& visitor) {
+    visitor.visitConstant(shared_from_this());
+}
+
+std::string Constant::getStringValue() const {
+    return Token::extractString(token_);
+}
+
+void Constant::unbindLink() {
+    declaration_.reset();
+}
+
+ExpressionPtr Constant::cloneLink(ExpressionPtr /*chain_operand*/) const {
+    return create(token_);
+}
+
+} // namespace Slate

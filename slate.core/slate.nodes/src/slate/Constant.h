@@ -1,0 +1,37 @@
+#pragma once
+
+#include "slate/Expression.h"
+
+namespace Slate {
+
+/// A literal, or a name that the analysis resolves.
+class Constant : public Expression, public std::enable_shared_from_this<Constant> {
+  public:
+    static ConstantPtr create(Token token);
+
+    Constant(CreateKey, Token&& token);
+
+    ConstantPtr asConstant() override { return shared_from_this(); }
+
+    void accept(NodeVisitor& visitor) override;
+
+    Token const& getToken() const { return token_; }
+
+    /// The text between the delimiters of a string of any form; empty for all else.
+    std::string getStringValue() const;
+
+    /// What an identifier refers to; empty until bound.
+    NodePtr getDeclaration() const { return declaration_.lock(); }
+
+    void setDeclaration(NodePtr const& declaration) { declaration_ = declaration; }
+
+  protected:
+    void unbindLink() override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+
+  private:
+    Token const token_;
+    std::weak_ptr<Node> declaration_;
+};
+
+} // namespace Slate

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "slate/Fnv1a.h"
+#include "slate/MemberList.h"
+
+#include <string>
+#include <vector>
+
+namespace Slate {
+
+/// The root of one source: its top-level members, its namespace, and the names that it sees.
+class Document : public Node, public std::enable_shared_from_this<Document> {
+  public:
+    static DocPtr create(std::string const& source_id, vec<NodePtr> members);
+
+    Document(CreateKey, std::string const& source_id, vec<NodePtr>&& members);
+
+    DocPtr asDocument() override { return shared_from_this(); }
+
+    void accept(NodeVisitor& visitor) override;
+
+    /// Empties the name cache and unbinds the members; the namespace stays.
+    void unbind() override;
+
+    // The namespace, outermost segment first. It is not written in the file: the loader derives it from the
+    // path.
+
+    void appendToNamespace(std::string ns_str);
+
+    std::vector<std::string> const& getNamespace() const { return namespace_segments_; }
+
+    void copyNamespace(Document const& other);
+    std::string joinNamespace(std::string const& separator) const;
+
+    /// The prefix and the separator stand in front of an empty namespace too.
+    std::string joinNamespaceWithPrefix(std::string const& separator,
+                                        std::string const& prefix = "Slate") const;
+
+    /// The segments from the second on; empty if there are fewer than two.
+    std::string joinNamespaceSkipFirst(std::string const& separator) const;
+
+    bool compareNamespace(Document const& other) const {
+        return namespace_segments_ == other.namespace_segments_;
+    }
+
+    // The name cache: dotted names that imports and bundles make visible here.
+
+    /// Offers `node`, a member of `source_document`, under the name `key`.
+    ///
+    /// A name that is taken already keeps its node unless the namespace of `source_document` has more leading
+    /// segments in common with this document's than the key itself has. Without node or document nothing
+    /// happens.
+    void cacheNsLookup(std::string const& key, NodePtr const& node, DocPtr const& source_document);
+
+    /// The cached node; empty if there is none, or if its tree is gone.
+    NodePtr nsLookup(std::string_view key) const;
+
+    /// The cached node if it is a top-level variable or a const model, else empty.
+    NodePtr nsLookupConstOrVar(std::string_view key) const;
+    void copyNsCacheFrom(Document const& other);
+    void clearNsCache();
+
+    // The members: `Import`, `ModelDeclaration`, `OperatorOverload` and `VarAssignment`, in source order. A
+    // variable is found by its dotted target path, a model by its name, the others by none.
+
+    void appendToMembers(NodePtr member);
+
+    vec<NodePtr> const& getMembers() const { return members_.getAll(); }
+
+    void removeMember(NodePtr const& member);
+    void removeInvalidMembers();
+    vec<ImportPtr> findImports() const;
+    vec<NodePtr> findMembers(std::string_view name) const;
+    NodePtr findFirstMemberOfType(std::string_view name, NodeType type) const;
+    NodePtr findFirstMember(std::string_view name) const;
+    NodePtr findLastMemberOfType(NodeType type) const;
+
+    std::string const& getSourceId() const { return source_id_; }
+
+    void setSourceId(std::string const& source_id) { source_id_ = source_id; }
+
+  private:
+    std::string source_id_;
+    std::vector<std::string> namespace_segments_;
+    MemberList members_;
+    StringMap<std::weak_ptr<Node>> ns_cache_; // documents name one another's nodes
+};
+
+} // namespace Slate

@@ -1,0 +1,64 @@
+#include "slate/Expression.h"
+
+#include <utility>
+
+namespace Slate {
+
+namespace {
+
+ExpressionPtr const no_operand;
+Token const no_token;
+
+} // namespace
+
+ExpressionPtr Expression::clone() const {
+    vec<Expression const*> chain;
+    for (Expression const* link = this; link != nullptr; link = link->getChainOperand().get())
+        chain.push_back(link);
+
+    ExpressionPtr copy;
+    for (auto link = chain.rbegin(); link != chain.rend(); ++link)
+        copy = (*link)->cloneLink(std::move(copy));
+    return copy;
+}
+
+void Expression::unbind() {
+    for (Expression* link = this; link != nullptr; link = link->getChainOperand().get()) {
+        link->type_.clear();
+        link->unbindLink();
+    }
+}
+
+ExpressionPtr const& Expression::getChainOperand() const {
+    return no_operand;
+}
+
+Token const& Expression::getFirstToken() const {
+    return first_token_ ? *first_token_ : no_token;
+}
+
+Token const& Expression::getLastToken() const {
+    return last_token_ ? *last_token_ : no_token;
+}
+
+void Expression::setFirstToken(Token token) {
+    first_token_ = std::make_shared<Token const>(std::move(token));
+}
+
+void Expression::setLastToken(Token token) {
+    last_token_ = std::make_shared<Token const>(std::move(token));
+}
+
+void Expression::setSpan(SpanToken first_token, SpanToken last_token) {
+    if (first_token)
+        first_token_ = std::move(first_token);
+    if (last_token)
+        last_token_ = std::move(last_token);
+}
+
+void Expression::releaseChain(ExpressionPtr operand) {
+    while (operand && operand.use_count() == 1)
+        operand = operand->takeChainOperand();
+}
+
+} // namespace Slate

@@ -1,0 +1,83 @@
+#include "slate/MemberList.h"
+
+#include <algorithm>
+
+namespace Slate {
+
+MemberList::MemberList(vec<NodePtr> members, NameOf name_of)
+    : members_(std::move(members)), name_of_(name_of) {
+    std::erase(members_, nullptr);
+}
+
+void MemberList::append(NodePtr member) {
+    if (!member)
+        return;
+    members_.push_back(std::move(member));
+    dropTable();
+}
+
+void MemberList::remove(NodePtr const& member) {
+    if (std::erase(members_, member) > 0)
+        dropTable();
+}
+
+void MemberList::removeInvalid() {
+    if (std::erase_if(members_, [](NodePtr const& member) { return !member->isValid(); }) > 0)
+        dropTable();
+}
+
+vec<NodePtr> MemberList::findAll(std::string_view name) const {
+    vec<NodePtr> found;
+    for (auto i = firstPosition(name); i != none; i = nextPosition(i, name))
+        found.push_back(members_[i]);
+    return found;
+}
+
+/// Comparing a few names is faster than a table, and most models have few members.
+bool MemberList::isShort() const {
+    return members_.size() <= 8;
+}
+
+std::size_t MemberList::firstPosition(std::string_view name) const {
+    if (isShort())
+        return scanFrom(0, name);
+    if (!has_table_)
+        buildTable();
+    auto const run = runs_.find(name);
+    return run == runs_.end() ? none : run->second.first;
+}
+
+std::size_t MemberList::nextPosition(std::size_t position, std::string_view name) const {
+    return isShort() ? scanFrom(position + 1, name) : next_of_name_[position];
+}
+
+std::size_t MemberList::scanFrom(std::size_t position, std::string_view name) const {
+    for (; position < members_.size(); ++position) {
+        if (name_of_(*members_[position]) == name)
+            return position;
+    }
+    return none;
+}
+
+void MemberList::dropTable() {
+    has_table_ = false;
+    runs_.clear();
+    next_of_name_.clear();
+}
+
+void MemberList::buildTable() const {
+    next_of_name_.assign(members_.size(), none);
+    for (std::size_t i = 0; i < members_.size(); ++i) {
+        auto name = name_of_(*members_[i]);
+        if (!name)
+            continue;
+        auto const [run, is_new] = runs_.try_emplace(std::move(*name), Run{i, i});
+        if (!is_new) {
+            next_of_name_[run->second.last] = i;
+            run->second.last = i;
+        }
+    }
+    has_table_ = true;
+}
+
+} // namespace Slate

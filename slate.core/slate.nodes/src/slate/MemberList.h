@@ -1,0 +1,69 @@
+#pragma once
+
+#include "slate/Fnv1a.h"
+#include "slate/Node.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace Slate {
+
+/// The members of a document or model in order, and the look-up of them by name.
+///
+/// Long lists are looked up in a hash table, which the first look-up builds and any change drops.
+class MemberList {
+  public:
+    /// The name under which a member is found; none for a member that is never found by name.
+    using NameOf = std::optional<std::string> (*)(Node& member);
+
+    MemberList(vec<NodePtr> members, NameOf name_of);
+
+    vec<NodePtr> const& getAll() const { return members_; }
+
+    /// Appends a member; an empty pointer is none.
+    void append(NodePtr member);
+
+    /// Removes every entry that is this very node, keeping the order of the others.
+    void remove(NodePtr const& member);
+
+    /// Removes every member that is not valid, keeping the order of the others.
+    void removeInvalid();
+
+    /// The first member of that name for which `condition(member)` holds, or empty.
+    template <typename Condition>
+    NodePtr findFirst(std::string_view name, Condition condition) const {
+        for (auto i = firstPosition(name); i != none; i = nextPosition(i, name)) {
+            if (condition(*members_[i]))
+                return members_[i];
+        }
+        return {};
+    }
+
+    /// All members of that name, in order.
+    vec<NodePtr> findAll(std::string_view name) const;
+
+  private:
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+    /// The positions of the first and the last member of a name; `next_of_name_` leads from one to the other.
+    struct Run {
+        std::size_t first;
+        std::size_t last;
+    };
+
+    bool isShort() const;
+    std::size_t firstPosition(std::string_view name) const;
+    std::size_t nextPosition(std::size_t position, std::string_view name) const;
+    std::size_t scanFrom(std::size_t position, std::string_view name) const;
+    void dropTable();
+    void buildTable() const;
+
+    vec<NodePtr> members_;
+    NameOf name_of_;
+    mutable bool has_table_ = false;
+    mutable StringMap<Run> runs_;
+    mutable std::vector<std::size_t> next_of_name_;
+};
+
+} // namespace Slate

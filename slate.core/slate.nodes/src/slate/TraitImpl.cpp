@@ -1,0 +1,30 @@
+#include "slate/TraitImpl.h"
+
+#include "slate/NodeVisitor.h"
+
+#include <utility>
+
+namespace Slate {
+
+TraitImplPtr TraitImpl::create(TokenVector segments) {
+    return std::make_shared<TraitImpl>(CreateKey(), std::move(segments));
+}
+
+TraitImpl::TraitImpl(CreateKey, TokenVector&& segments)
+    : Node(NodeType::TraitImpl), segments_(std::move(segments)) {}
+
+void TraitImpl::accept(NodeVisitor& visitor) {
+    visitor.visitTraitImpl(shared_from_this());
+}
+
+void TraitImpl::unbind() {
+    trait_declaration_.reset();
+    owning_model_.reset();
+    annotations_.clear();
+    members_.clear();
+    // Entry by entry: the chain is as long as traits extend one another.
+    for (auto nested = std::exchange(nested_trait_, nullptr); nested;)
+        nested = std::exchange(nested->nested_trait_, nullptr);
+}
+
+} // namespace Slate

@@ -1,0 +1,30 @@
+#include "slate/Unary.h"
+
+#include "slate/NodeVisitor.h"
+
+namespace Slate {
+
+UnaryPtr Unary::create(Token operator_token, ExpressionPtr operand) {
+    return std::make_shared<Unary>(CreateKey(), std::move(operator_token), std::move(operand));
+}
+
+Unary::Unary(CreateKey, Token&& operator_token, ExpressionPtr&& operand)
+    : Expression(NodeType::Unary), operator_token_(std::move(operator_token)), operand_(std::move(operand)) {
+    setSpan(refer(operator_token_), {});
+    setLastTokenFrom(*operand_);
+}
+
+void Unary::accept(NodeVisitor& visitor) {
+    visitor.visitUnary(shared_from_this());
+}
+
+void Unary::unbindLink() {
+    overload_.reset();
+    operand_->unbind();
+}
+
+ExpressionPtr Unary::cloneLink(ExpressionPtr /*chain_operand*/) const {
+    return create(operator_token_, operand_->clone());
+}
+
+} // namespace Slate

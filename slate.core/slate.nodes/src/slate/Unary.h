@@ -1,0 +1,38 @@
+#pragma once
+
+#include "slate/Expression.h"
+
+namespace Slate {
+
+/// An operand behind a minus.
+class Unary : public Expression, public std::enable_shared_from_this<Unary> {
+  public:
+    /// The span reaches from the operator to the end of the operand.
+    static UnaryPtr create(Token operator_token, ExpressionPtr operand);
+
+    Unary(CreateKey, Token&& operator_token, ExpressionPtr&& operand);
+
+    UnaryPtr asUnary() override { return shared_from_this(); }
+
+    void accept(NodeVisitor& visitor) override;
+
+    Token const& getOperatorToken() const { return operator_token_; }
+
+    ExpressionPtr const& getOperand() const { return operand_; }
+
+    /// The overload that the operator stands for; empty for an operation on primitives and until bound.
+    OpOverloadPtr getOverload() const { return overload_.lock(); }
+
+    void setOverload(OpOverloadPtr const& overload) { overload_ = overload; }
+
+  protected:
+    void unbindLink() override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+
+  private:
+    Token const operator_token_;
+    ExpressionPtr const operand_;
+    std::weak_ptr<OperatorOverload> overload_;
+};
+
+} // namespace Slate

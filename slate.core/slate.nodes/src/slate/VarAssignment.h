@@ -1,0 +1,104 @@
+#pragma once
+
+#include "slate/Expression.h"
+
+#include <string>
+
+namespace Slate {
+
+/// An attribute of a model, or a top-level variable: `x is Real: 1` declares, `x becomes Body` declares an
+/// inherited attribute anew with a narrower type, `x: 1` and `x.y: 1` assign to what is declared elsewhere.
+class VarAssignment : public Node, public std::enable_shared_from_this<VarAssignment> {
+  public:
+    static VarAssignPtr create(TokenVector segments, Token operator_token, TokenVector type_segments,
+                               vec<AnnotationPtr> annotations, vec<VarAssignPtr> members,
+                               ExpressionPtr value);
+
+    VarAssignment(CreateKey, TokenVector&& segments, Token&& operator_token, TokenVector&& type_segments,
+                  vec<AnnotationPtr>&& annotations, vec<VarAssignPtr>&& members, ExpressionPtr&& value);
+
+    VarAssignPtr asVarAssignment() override { return shared_from_this(); }
+
+    void accept(NodeVisitor& visitor) override;
+    void unbind() override;
+
+    /// The target path, `a` or `a.b.c`.
+    TokenVector const& getSegments() const { return segments_; }
+
+    /// `is`, `becomes` or `None`.
+    Token const& getOperatorToken() const { return operator_token_; }
+
+    /// The declared type; may end in the two tokens `[` and `]`; empty without one.
+    TokenVector const& getTypeSegments() const { return type_segments_; }
+
+    vec<AnnotationPtr> const& getAnnotations() const { return annotations_; }
+
+    /// The nested attributes of the indented body.
+    vec<VarAssignPtr> const& getMembers() const { return members_; }
+
+    /// The expression behind the colon; empty without one.
+    ExpressionPtr const& getValue() const { return value_; }
+
+    std::string getName() const;
+    std::string getNameUpTo(std::size_t index) const;
+
+    /// For a top-level variable of one segment with an owning document: the document's namespace, the
+    /// separator (also behind an empty namespace) and the name. Empty for all else.
+    std::string getNameWithNamespace(std::string const& separator) const;
+
+    /// From the owning document, else the owning model, else the enclosing attribute; empty without any.
+    std::string getSourceId() const;
+
+    /// The bound type, else that of the last of the target declarations; empty without both.
+    TypePtr getType() const;
+    void setType(TypePtr const& type);
+
+    /// The declarations reached along the target path, one a segment, outermost first.
+    vec<VarAssignPtr> getTargetDeclarations() const;
+    void setTargetDeclarations(vec<VarAssignPtr> const& target_declarations);
+
+    DocPtr getOwningDocument() const { return owning_document_.lock(); }
+
+    void setOwningDocument(DocPtr const& owning_document) { owning_document_ = owning_document; }
+
+    ModelDeclPtr getOwningModel() const { return owning_model_.lock(); }
+
+    void setOwningModel(ModelDeclPtr const& owning_model) { owning_model_ = owning_model; }
+
+    /// The enclosing attribute of a nested one.
+    VarAssignPtr getParent() const { return parent_.lock(); }
+
+    void setParent(VarAssignPtr const& parent) { parent_ = parent; }
+
+    bool isDeclaration() const { return !type_segments_.empty(); }
+
+    bool isTopLevel() const { return owning_model_.expired(); }
+
+    /// A declaration of one segment that stands directly in its model.
+    bool isTopDeclaration() const;
+
+    /// Has an operator or a type in a place where only assignments may stand: in the body of another
+    /// attribute, or with a target path of more than one segment.
+    bool isNestedDeclaration() const;
+
+    /// Some attribute of the body, at any depth, is a nested declaration.
+    bool hasNestedDeclaration() const;
+
+    /// This node for `is`; for `becomes` that of the first target declaration; empty for a plain assignment.
+    VarAssignPtr getOwningDeclaration();
+
+  private:
+    TokenVector const segments_;
+    Token const operator_token_;
+    TokenVector const type_segments_;
+    std::vector<std::weak_ptr<VarAssignment>> target_declarations_; // an `is` attribute stands in its own
+    TypeLink type_;
+    vec<AnnotationPtr> const annotations_;
+    vec<VarAssignPtr> const members_;
+    ExpressionPtr const value_;
+    std::weak_ptr<Document> owning_document_;
+    std::weak_ptr<ModelDeclaration> owning_model_;
+    std::weak_ptr<VarAssignment> parent_;
+};
+
+} // namespace Slate
