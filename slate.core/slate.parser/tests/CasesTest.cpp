@@ -19,7 +19,7 @@ TEST_P(ParserCases, HasTheExpectedTreeAndErrors) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, ParserCases, testing::ValuesIn(findCases(SLATE_CASES)),
-                         [](auto const& info) { return info.param.name; });
+                         [](auto const& instance) { return instance.param.name; });
 
 } // namespace
 
