@@ -11,11 +11,11 @@ class CycleFoundError : public Error {
                                                    std::string const& model_name,
                                                    std::string const& cyclic_nodes);
 
-    CycleFoundError(CreateKey, line_t line, col_t column, std::string const& source_id,
-                    std::string const& model_name, std::string const& cyclic_nodes)
-        : Error(CreateKey(), ErrCycleFound, line, column, source_id),
-          model_name_(model_name),
-          cyclic_nodes_(cyclic_nodes) {}
+    CycleFoundError(CreateKey, line_t line, col_t column, std::string source_id, std::string model_name,
+                    std::string cyclic_nodes)
+        : Error(CreateKey(), ErrCycleFound, line, column, std::move(source_id)),
+          model_name_(std::move(model_name)),
+          cyclic_nodes_(std::move(cyclic_nodes)) {}
 
     std::string accept(ErrorVisitor& visitor) const override;
 

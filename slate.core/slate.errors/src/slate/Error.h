@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Slate {
@@ -23,8 +24,8 @@ class Error {
     static std::shared_ptr<Error> create(error_code_t error_code, line_t line, col_t column,
                                          std::string const& source_id);
 
-    Error(CreateKey, error_code_t error_code, line_t line, col_t column, std::string const& source_id)
-        : error_code_(error_code), line_(line), column_(column), source_id_(source_id) {}
+    Error(CreateKey, error_code_t error_code, line_t line, col_t column, std::string source_id)
+        : error_code_(error_code), line_(line), column_(column), source_id_(std::move(source_id)) {}
 
     Error(Error const&) = delete;
     Error& operator=(Error const&) = delete;

@@ -12,9 +12,10 @@ class StringParameterError : public Error {
                                                         std::string const& source_id,
                                                         std::string const& string_parameter);
 
-    StringParameterError(CreateKey, error_code_t error_code, line_t line, col_t column,
-                         std::string const& source_id, std::string const& string_parameter)
-        : Error(CreateKey(), error_code, line, column, source_id), string_parameter_(string_parameter) {}
+    StringParameterError(CreateKey, error_code_t error_code, line_t line, col_t column, std::string source_id,
+                         std::string string_parameter)
+        : Error(CreateKey(), error_code, line, column, std::move(source_id)),
+          string_parameter_(std::move(string_parameter)) {}
 
     std::string accept(ErrorVisitor& visitor) const override;
 

@@ -11,9 +11,7 @@ AnnotationPtr Annotation::create(Token name_token, ExpressionPtr value) {
 Annotation::Annotation(CreateKey, Token&& name_token, ExpressionPtr&& value)
     : Node(NodeType::Annotation), name_token_(std::move(name_token)), value_(std::move(value)) {}
 
-void Annotation::accept(NodeVisitor& visitor) {
-    visitor.visitAnnotation(shared_from_this());
-}
+void Annotation::accept(NodeVisitor& visitor) { visitor.visitAnnotation(shared_from_this()); }
 
 void Annotation::unbind() {
     owning_document_.reset();

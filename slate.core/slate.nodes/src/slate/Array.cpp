@@ -12,9 +12,7 @@ ArrayPtr Array::create(vec<ExpressionPtr> elements, Token open_token, Token clos
 Array::Array(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_token, Token&& close_token)
     : ElementList(NodeType::Array, std::move(elements), std::move(open_token), std::move(close_token)) {}
 
-void Array::accept(NodeVisitor& visitor) {
-    visitor.visitArray(shared_from_this());
-}
+void Array::accept(NodeVisitor& visitor) { visitor.visitArray(shared_from_this()); }
 
 ExpressionPtr Array::cloneLink(ExpressionPtr /*chain_operand*/) const {
     return create(cloneElements(), getFirstToken(), getLastToken());

@@ -11,17 +11,11 @@ ArrayTypePtr ArrayType::create(NodePtr const& element) {
     return std::make_shared<ArrayType>(CreateKey(), element);
 }
 
-ArrayType::ArrayType(CreateKey, NodePtr const& element) : Type(NodeType::ArrayType) {
-    element_.set(element);
-}
+ArrayType::ArrayType(CreateKey, NodePtr const& element) : Type(NodeType::ArrayType) { element_.set(element); }
 
-void ArrayType::accept(NodeVisitor& visitor) {
-    visitor.visitArrayType(shared_from_this());
-}
+void ArrayType::accept(NodeVisitor& visitor) { visitor.visitArrayType(shared_from_this()); }
 
-void ArrayType::unbind() {
-    element_.clear();
-}
+void ArrayType::unbind() { element_.clear(); }
 
 TypePtr ArrayType::getElementType() const {
     auto const element = element_.get();

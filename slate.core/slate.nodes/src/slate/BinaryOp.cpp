@@ -14,9 +14,7 @@ BinaryOp::BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& 
       lhs_(std::move(lhs)),
       rhs_(std::move(rhs)) {}
 
-void BinaryOp::accept(NodeVisitor& visitor) {
-    visitor.visitBinaryOp(shared_from_this());
-}
+void BinaryOp::accept(NodeVisitor& visitor) { visitor.visitBinaryOp(shared_from_this()); }
 
 void BinaryOp::unbindLink() {
     overload_.reset();

@@ -12,20 +12,12 @@ Constant::Constant(CreateKey, Token&& token) : Expression(NodeType::Constant), t
     setSpan(refer(token_), refer(token_));
 }
 
-void Constant::accept(NodeVisitor& visitor) {
-    visitor.visitConstant(shared_from_this());
-}
+void Constant::accept(NodeVisitor& visitor) { visitor.visitConstant(shared_from_this()); }
 
-std::string Constant::getStringValue() const {
-    return Token::extractString(token_);
-}
+std::string Constant::getStringValue() const { return Token::extractString(token_); }
 
-void Constant::unbindLink() {
-    declaration_.reset();
-}
+void Constant::unbindLink() { declaration_.reset(); }
 
-ExpressionPtr Constant::cloneLink(ExpressionPtr /*chain_operand*/) const {
-    return create(token_);
-}
+ExpressionPtr Constant::cloneLink(ExpressionPtr /*chain_operand*/) const { return create(token_); }
 
 } // namespace Slate

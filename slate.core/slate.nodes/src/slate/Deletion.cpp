@@ -11,12 +11,8 @@ DeletionPtr Deletion::create(TokenVector segments) {
 Deletion::Deletion(CreateKey, TokenVector&& segments)
     : Node(NodeType::Deletion), segments_(std::move(segments)) {}
 
-void Deletion::accept(NodeVisitor& visitor) {
-    visitor.visitDeletion(shared_from_this());
-}
+void Deletion::accept(NodeVisitor& visitor) { visitor.visitDeletion(shared_from_this()); }
 
-void Deletion::unbind() {
-    declaration_.reset();
-}
+void Deletion::unbind() { declaration_.reset(); }
 
 } // namespace Slate

@@ -53,19 +53,17 @@ std::size_t countCommonSegments(std::vector<std::string> const& a, std::vector<s
 
 } // namespace
 
-DocPtr Document::create(std::string const& source_id, vec<NodePtr> members) {
-    return std::make_shared<Document>(CreateKey(), source_id, std::move(members));
+DocPtr Document::create(std::string source_id, vec<NodePtr> members) {
+    return std::make_shared<Document>(CreateKey(), std::move(source_id), std::move(members));
 }
 
-Document::Document(CreateKey, std::string const& source_id, vec<NodePtr>&& members)
+Document::Document(CreateKey, std::string&& source_id, vec<NodePtr>&& members)
     : Node(NodeType::Document),
-      source_id_(source_id),
+      source_id_(std::move(source_id)),
       members_(std::move(members), nameOf),
       ns_cache_(initial_cache_buckets) {}
 
-void Document::accept(NodeVisitor& visitor) {
-    visitor.visitDocument(shared_from_this());
-}
+void Document::accept(NodeVisitor& visitor) { visitor.visitDocument(shared_from_this()); }
 
 void Document::unbind() {
     ns_cache_.clear();
@@ -73,13 +71,9 @@ void Document::unbind() {
         member->unbind();
 }
 
-void Document::appendToNamespace(std::string ns_str) {
-    namespace_segments_.push_back(std::move(ns_str));
-}
+void Document::appendToNamespace(std::string ns_str) { namespace_segments_.push_back(std::move(ns_str)); }
 
-void Document::copyNamespace(Document const& other) {
-    namespace_segments_ = other.namespace_segments_;
-}
+void Document::copyNamespace(Document const& other) { namespace_segments_ = other.namespace_segments_; }
 
 std::string Document::joinNamespace(std::string const& separator) const {
     return join(namespace_segments_.begin(), namespace_segments_.end(), separator);
@@ -125,25 +119,15 @@ NodePtr Document::nsLookupConstOrVar(std::string_view key) const {
     return node->isVarAssignment() || (model && model->isConst()) ? node : nullptr;
 }
 
-void Document::copyNsCacheFrom(Document const& other) {
-    ns_cache_ = other.ns_cache_;
-}
+void Document::copyNsCacheFrom(Document const& other) { ns_cache_ = other.ns_cache_; }
 
-void Document::clearNsCache() {
-    ns_cache_.clear();
-}
+void Document::clearNsCache() { ns_cache_.clear(); }
 
-void Document::appendToMembers(NodePtr member) {
-    members_.append(std::move(member));
-}
+void Document::appendToMembers(NodePtr member) { members_.append(std::move(member)); }
 
-void Document::removeMember(NodePtr const& member) {
-    members_.remove(member);
-}
+void Document::removeMember(NodePtr const& member) { members_.remove(member); }
 
-void Document::removeInvalidMembers() {
-    members_.removeInvalid();
-}
+void Document::removeInvalidMembers() { members_.removeInvalid(); }
 
 vec<ImportPtr> Document::findImports() const {
     vec<ImportPtr> imports;
@@ -154,9 +138,7 @@ vec<ImportPtr> Document::findImports() const {
     return imports;
 }
 
-vec<NodePtr> Document::findMembers(std::string_view name) const {
-    return members_.findAll(name);
-}
+vec<NodePtr> Document::findMembers(std::string_view name) const { return members_.findAll(name); }
 
 NodePtr Document::findFirstMemberOfType(std::string_view name, NodeType type) const {
     return members_.findFirst(name, [type](Node const& member) { return member.getNodeType() == type; });

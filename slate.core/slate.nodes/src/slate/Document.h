@@ -11,9 +11,9 @@ namespace Slate {
 /// The root of one source: its top-level members, its namespace, and the names that it sees.
 class Document : public Node, public std::enable_shared_from_this<Document> {
   public:
-    static DocPtr create(std::string const& source_id, vec<NodePtr> members);
+    static DocPtr create(std::string source_id, vec<NodePtr> members);
 
-    Document(CreateKey, std::string const& source_id, vec<NodePtr>&& members);
+    Document(CreateKey, std::string&& source_id, vec<NodePtr>&& members);
 
     DocPtr asDocument() override { return shared_from_this(); }
 

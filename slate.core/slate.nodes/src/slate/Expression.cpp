@@ -29,25 +29,17 @@ void Expression::unbind() {
     }
 }
 
-ExpressionPtr const& Expression::getChainOperand() const {
-    return no_operand;
-}
+ExpressionPtr const& Expression::getChainOperand() const { return no_operand; }
 
-Token const& Expression::getFirstToken() const {
-    return first_token_ ? *first_token_ : no_token;
-}
+Token const& Expression::getFirstToken() const { return first_token_ ? *first_token_ : no_token; }
 
-Token const& Expression::getLastToken() const {
-    return last_token_ ? *last_token_ : no_token;
-}
+Token const& Expression::getLastToken() const { return last_token_ ? *last_token_ : no_token; }
 
 void Expression::setFirstToken(Token token) {
     first_token_ = std::make_shared<Token const>(std::move(token));
 }
 
-void Expression::setLastToken(Token token) {
-    last_token_ = std::make_shared<Token const>(std::move(token));
-}
+void Expression::setLastToken(Token token) { last_token_ = std::make_shared<Token const>(std::move(token)); }
 
 void Expression::setSpan(SpanToken first_token, SpanToken last_token) {
     if (first_token)

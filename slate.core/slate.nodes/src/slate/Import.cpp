@@ -16,9 +16,7 @@ Import::Import(CreateKey, Token&& path_token, TokenVector&& alias_segments, vec<
       alias_segments_(std::move(alias_segments)),
       annotations_(std::move(annotations)) {}
 
-void Import::accept(NodeVisitor& visitor) {
-    visitor.visitImport(shared_from_this());
-}
+void Import::accept(NodeVisitor& visitor) { visitor.visitImport(shared_from_this()); }
 
 void Import::unbind() {
     document_.reset();

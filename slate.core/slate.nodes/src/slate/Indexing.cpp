@@ -11,13 +11,9 @@ IndexingPtr Indexing::create(ExpressionPtr lhs, ExpressionPtr index) {
 Indexing::Indexing(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& index)
     : Expression(NodeType::Indexing), lhs_(std::move(lhs)), index_(std::move(index)) {}
 
-void Indexing::accept(NodeVisitor& visitor) {
-    visitor.visitIndexing(shared_from_this());
-}
+void Indexing::accept(NodeVisitor& visitor) { visitor.visitIndexing(shared_from_this()); }
 
-void Indexing::unbindLink() {
-    index_->unbind();
-}
+void Indexing::unbindLink() { index_->unbind(); }
 
 ExpressionPtr Indexing::cloneLink(ExpressionPtr chain_operand) const {
     return create(std::move(chain_operand), index_->clone());

@@ -13,9 +13,7 @@ Initializer::Initializer(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_
     : ElementList(NodeType::Initializer, std::move(elements), std::move(open_token), std::move(close_token)) {
 }
 
-void Initializer::accept(NodeVisitor& visitor) {
-    visitor.visitInitializer(shared_from_this());
-}
+void Initializer::accept(NodeVisitor& visitor) { visitor.visitInitializer(shared_from_this()); }
 
 ExpressionPtr Initializer::cloneLink(ExpressionPtr /*chain_operand*/) const {
     return create(cloneElements(), getFirstToken(), getLastToken());

@@ -23,21 +23,13 @@ InitializerTypePtr InitializerType::create(InitializerPtr const& initializer) {
     return std::make_shared<InitializerType>(CreateKey(), initializer);
 }
 
-void InitializerType::accept(NodeVisitor& visitor) {
-    visitor.visitInitializerType(shared_from_this());
-}
+void InitializerType::accept(NodeVisitor& visitor) { visitor.visitInitializerType(shared_from_this()); }
 
-void InitializerType::unbind() {
-    initializer_.reset();
-}
+void InitializerType::unbind() { initializer_.reset(); }
 
-std::string InitializerType::toString() const {
-    return "{ ... }";
-}
+std::string InitializerType::toString() const { return "{ ... }"; }
 
-std::string InitializerType::toKey() const {
-    return "initializer_type";
-}
+std::string InitializerType::toKey() const { return "initializer_type"; }
 
 bool InitializerType::isAssignableTo(TypePtr const& other) const {
     auto const initializer = initializer_.lock();

@@ -23,9 +23,7 @@ MemberAccessPtr MemberAccess::create(ExpressionPtr lhs, Token name_token) {
 MemberAccess::MemberAccess(CreateKey, ExpressionPtr&& lhs, Token&& name_token)
     : Expression(NodeType::MemberAccess), name_token_(std::move(name_token)), lhs_(std::move(lhs)) {}
 
-void MemberAccess::accept(NodeVisitor& visitor) {
-    visitor.visitMemberAccess(shared_from_this());
-}
+void MemberAccess::accept(NodeVisitor& visitor) { visitor.visitMemberAccess(shared_from_this()); }
 
 VarAssignPtr MemberAccess::lookupDeclarationFromSegments(TokenVector const& segments, std::size_t first_ix,
                                                          std::size_t last_ix) const {
@@ -41,9 +39,7 @@ VarAssignPtr MemberAccess::lookupDeclarationFromSegments(TokenVector const& segm
     return model ? model->lookupDeclarationFromSegments(segments, first_ix, last_ix) : nullptr;
 }
 
-void MemberAccess::unbindLink() {
-    declaration_.reset();
-}
+void MemberAccess::unbindLink() { declaration_.reset(); }
 
 ExpressionPtr MemberAccess::cloneLink(ExpressionPtr chain_operand) const {
     return create(std::move(chain_operand), name_token_);

@@ -34,9 +34,7 @@ vec<NodePtr> MemberList::findAll(std::string_view name) const {
 }
 
 /// Comparing a few names is faster than a table, and most models have few members.
-bool MemberList::isShort() const {
-    return members_.size() <= 8;
-}
+bool MemberList::isShort() const { return members_.size() <= 8; }
 
 std::size_t MemberList::firstPosition(std::string_view name) const {
     if (isShort())

@@ -20,9 +20,7 @@ MethodDeclaration::MethodDeclaration(CreateKey, Token&& static_token, Token&& na
       parameters_(std::move(parameters)),
       return_segments_(std::move(return_segments)) {}
 
-void MethodDeclaration::accept(NodeVisitor& visitor) {
-    visitor.visitMethodDeclaration(shared_from_this());
-}
+void MethodDeclaration::accept(NodeVisitor& visitor) { visitor.visitMethodDeclaration(shared_from_this()); }
 
 void MethodDeclaration::unbind() {
     owning_model_.reset();
@@ -31,17 +29,13 @@ void MethodDeclaration::unbind() {
         parameter->unbind();
 }
 
-std::string MethodDeclaration::toString() const {
-    return getName();
-}
+std::string MethodDeclaration::toString() const { return getName(); }
 
 std::string MethodDeclaration::toKey() const {
     auto const model = owning_model_.lock();
     return model ? model->toKey() + "_" + getName() : getName();
 }
 
-bool MethodDeclaration::isAssignableTo(TypePtr const& /*other*/) const {
-    return false;
-}
+bool MethodDeclaration::isAssignableTo(TypePtr const& /*other*/) const { return false; }
 
 } // namespace Slate

@@ -55,9 +55,7 @@ ModelDeclaration::ModelDeclaration(CreateKey, Token&& qualifier_token, Token&& n
       deletions_(std::move(deletions)),
       members_(std::move(members), nameOf) {}
 
-void ModelDeclaration::accept(NodeVisitor& visitor) {
-    visitor.visitModelDeclaration(shared_from_this());
-}
+void ModelDeclaration::accept(NodeVisitor& visitor) { visitor.visitModelDeclaration(shared_from_this()); }
 
 void ModelDeclaration::unbind() {
     if (auto const document = owning_document_.lock())
@@ -76,9 +74,7 @@ std::string ModelDeclaration::toString() const {
     return joinBehindEach(namespace_snapshot_, ".") + getName();
 }
 
-std::string ModelDeclaration::toKey() const {
-    return getNameWithNamespace("_");
-}
+std::string ModelDeclaration::toKey() const { return getNameWithNamespace("_"); }
 
 std::string ModelDeclaration::getNameWithNamespace(std::string const& separator) const {
     auto const document = owning_document_.lock();
@@ -107,13 +103,9 @@ void ModelDeclaration::appendToAnnotations(AnnotationPtr annotation) {
     annotations_.push_back(std::move(annotation));
 }
 
-void ModelDeclaration::appendToTraits(TraitImplPtr trait) {
-    traits_.push_back(std::move(trait));
-}
+void ModelDeclaration::appendToTraits(TraitImplPtr trait) { traits_.push_back(std::move(trait)); }
 
-void ModelDeclaration::appendToDeletions(DeletionPtr deletion) {
-    deletions_.push_back(std::move(deletion));
-}
+void ModelDeclaration::appendToDeletions(DeletionPtr deletion) { deletions_.push_back(std::move(deletion)); }
 
 void ModelDeclaration::extendMembers(vec<NodePtr> const& members) {
     for (auto const& member : members)

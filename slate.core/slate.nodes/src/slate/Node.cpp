@@ -18,97 +18,51 @@ std::string joinLexemes(TokenVector const& segments, std::size_t count) {
 
 } // namespace
 
-DocPtr Node::asDocument() {
-    return {};
-}
+DocPtr Node::asDocument() { return {}; }
 
-ModelDeclPtr Node::asModelDeclaration() {
-    return {};
-}
+ModelDeclPtr Node::asModelDeclaration() { return {}; }
 
-VarDeclPtr Node::asVarDeclaration() {
-    return {};
-}
+VarDeclPtr Node::asVarDeclaration() { return {}; }
 
-VarAssignPtr Node::asVarAssignment() {
-    return {};
-}
+VarAssignPtr Node::asVarAssignment() { return {}; }
 
-MethodDeclPtr Node::asMethodDeclaration() {
-    return {};
-}
+MethodDeclPtr Node::asMethodDeclaration() { return {}; }
 
-ParamPtr Node::asParameter() {
-    return {};
-}
+ParamPtr Node::asParameter() { return {}; }
 
-ConstantPtr Node::asConstant() {
-    return {};
-}
+ConstantPtr Node::asConstant() { return {}; }
 
-BinaryOpPtr Node::asBinaryOp() {
-    return {};
-}
+BinaryOpPtr Node::asBinaryOp() { return {}; }
 
-UnaryPtr Node::asUnary() {
-    return {};
-}
+UnaryPtr Node::asUnary() { return {}; }
 
-ArrayPtr Node::asArray() {
-    return {};
-}
+ArrayPtr Node::asArray() { return {}; }
 
-ArrayTypePtr Node::asArrayType() {
-    return {};
-}
+ArrayTypePtr Node::asArrayType() { return {}; }
 
-MemberAccessPtr Node::asMemberAccess() {
-    return {};
-}
+MemberAccessPtr Node::asMemberAccess() { return {}; }
 
-CallPtr Node::asCall() {
-    return {};
-}
+CallPtr Node::asCall() { return {}; }
 
-PrimitiveTypePtr Node::asPrimitiveType() {
-    return {};
-}
+PrimitiveTypePtr Node::asPrimitiveType() { return {}; }
 
-TypePtr Node::asType() {
-    return {};
-}
+TypePtr Node::asType() { return {}; }
 
-IndexingPtr Node::asIndexing() {
-    return {};
-}
+IndexingPtr Node::asIndexing() { return {}; }
 
-OpOverloadPtr Node::asOperatorOverload() {
-    return {};
-}
+OpOverloadPtr Node::asOperatorOverload() { return {}; }
 
-AnnotationPtr Node::asAnnotation() {
-    return {};
-}
+AnnotationPtr Node::asAnnotation() { return {}; }
 
-ImportPtr Node::asImport() {
-    return {};
-}
+ImportPtr Node::asImport() { return {}; }
 
-TraitImplPtr Node::asTraitImpl() {
-    return {};
-}
+TraitImplPtr Node::asTraitImpl() { return {}; }
 
-InitializerPtr Node::asInitializer() {
-    return {};
-}
+InitializerPtr Node::asInitializer() { return {}; }
 
-InitializerTypePtr Node::asInitializerType() {
-    return {};
-}
+InitializerTypePtr Node::asInitializerType() { return {}; }
 
-DeletionPtr Node::asDeletion() {
-    return {};
-}
+DeletionPtr Node::asDeletion() { return {}; }
 
 std::string Node::segmentsAsString(TokenVector const& segments) {
     return joinLexemes(segments, segments.size());

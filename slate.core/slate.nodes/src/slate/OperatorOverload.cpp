@@ -21,9 +21,7 @@ OperatorOverload::OperatorOverload(CreateKey, Token&& operator_token, vec<ParamP
       parameters_(std::move(parameters)),
       return_segments_(std::move(return_segments)) {}
 
-void OperatorOverload::accept(NodeVisitor& visitor) {
-    visitor.visitOperatorOverload(shared_from_this());
-}
+void OperatorOverload::accept(NodeVisitor& visitor) { visitor.visitOperatorOverload(shared_from_this()); }
 
 void OperatorOverload::unbind() {
     owning_document_.reset();

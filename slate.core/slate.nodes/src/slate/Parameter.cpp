@@ -13,12 +13,8 @@ Parameter::Parameter(CreateKey, Token&& name_token, TokenVector&& type_segments)
       name_token_(std::move(name_token)),
       type_segments_(std::move(type_segments)) {}
 
-void Parameter::accept(NodeVisitor& visitor) {
-    visitor.visitParameter(shared_from_this());
-}
+void Parameter::accept(NodeVisitor& visitor) { visitor.visitParameter(shared_from_this()); }
 
-void Parameter::unbind() {
-    type_.clear();
-}
+void Parameter::unbind() { type_.clear(); }
 
 } // namespace Slate

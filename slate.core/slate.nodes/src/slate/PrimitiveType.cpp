@@ -8,9 +8,7 @@ PrimitiveTypePtr PrimitiveType::create(Kind kind) {
     return std::make_shared<PrimitiveType>(CreateKey(), kind);
 }
 
-void PrimitiveType::accept(NodeVisitor& visitor) {
-    visitor.visitPrimitiveType(shared_from_this());
-}
+void PrimitiveType::accept(NodeVisitor& visitor) { visitor.visitPrimitiveType(shared_from_this()); }
 
 std::string PrimitiveType::toString() const {
     switch (kind_) {
@@ -22,9 +20,7 @@ std::string PrimitiveType::toString() const {
     return "<Unknown primitive type>";
 }
 
-std::string PrimitiveType::toKey() const {
-    return toString();
-}
+std::string PrimitiveType::toKey() const { return toString(); }
 
 bool PrimitiveType::isAssignableTo(TypePtr const& other) const {
     auto const primitive = other ? other->asPrimitiveType() : nullptr;

@@ -32,41 +32,25 @@ std::string withoutDelimiters(std::string const& lexeme, std::size_t opening, st
 
 } // namespace
 
-Token Token::Uninitialized() {
-    return {};
-}
+Token Token::Uninitialized() { return {}; }
 
-Token Token::Invalid() {
-    return {TokenType::Invalid, {}, 0, 0};
-}
+Token Token::Invalid() { return {TokenType::Invalid, {}, 0, 0}; }
 
-Token Token::None() {
-    return {TokenType::None, {}, 0, 0};
-}
+Token Token::None() { return {TokenType::None, {}, 0, 0}; }
 
-Token Token::Identifier(std::string&& lexeme) {
-    return {TokenType::Identifier, std::move(lexeme), 0, 0};
-}
+Token Token::Identifier(std::string&& lexeme) { return {TokenType::Identifier, std::move(lexeme), 0, 0}; }
 
-Token Token::Keyword(TokenType type) {
-    return {type, keywordWord(type), 0, 0};
-}
+Token Token::Keyword(TokenType type) { return {type, keywordWord(type), 0, 0}; }
 
 Token Token::Bool(bool value) {
     return value ? Token(TokenType::True, "true", 0, 0) : Token(TokenType::False, "false", 0, 0);
 }
 
-Token Token::Real(double value) {
-    return {TokenType::Number, fmt::format("{:f}", value), 0, 0};
-}
+Token Token::Real(double value) { return {TokenType::Number, fmt::format("{:f}", value), 0, 0}; }
 
-Token Token::Int(std::int64_t value) {
-    return {TokenType::Number, std::to_string(value), 0, 0};
-}
+Token Token::Int(std::int64_t value) { return {TokenType::Number, std::to_string(value), 0, 0}; }
 
-Token Token::String(std::string value) {
-    return {TokenType::String, std::move(value), 0, 0};
-}
+Token Token::String(std::string value) { return {TokenType::String, std::move(value), 0, 0}; }
 
 std::string Token::extractString(Token const& token) {
     switch (token.type) {

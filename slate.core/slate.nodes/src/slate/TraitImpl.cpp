@@ -13,9 +13,7 @@ TraitImplPtr TraitImpl::create(TokenVector segments) {
 TraitImpl::TraitImpl(CreateKey, TokenVector&& segments)
     : Node(NodeType::TraitImpl), segments_(std::move(segments)) {}
 
-void TraitImpl::accept(NodeVisitor& visitor) {
-    visitor.visitTraitImpl(shared_from_this());
-}
+void TraitImpl::accept(NodeVisitor& visitor) { visitor.visitTraitImpl(shared_from_this()); }
 
 void TraitImpl::unbind() {
     trait_declaration_.reset();

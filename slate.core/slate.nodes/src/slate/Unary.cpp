@@ -14,9 +14,7 @@ Unary::Unary(CreateKey, Token&& operator_token, ExpressionPtr&& operand)
     setLastTokenFrom(*operand_);
 }
 
-void Unary::accept(NodeVisitor& visitor) {
-    visitor.visitUnary(shared_from_this());
-}
+void Unary::accept(NodeVisitor& visitor) { visitor.visitUnary(shared_from_this()); }
 
 void Unary::unbindLink() {
     overload_.reset();

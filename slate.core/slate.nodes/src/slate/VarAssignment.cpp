@@ -29,9 +29,7 @@ VarAssignment::VarAssignment(CreateKey, TokenVector&& segments, Token&& operator
       members_(std::move(members)),
       value_(std::move(value)) {}
 
-void VarAssignment::accept(NodeVisitor& visitor) {
-    visitor.visitVarAssignment(shared_from_this());
-}
+void VarAssignment::accept(NodeVisitor& visitor) { visitor.visitVarAssignment(shared_from_this()); }
 
 void VarAssignment::unbind() {
     owning_document_.reset();
@@ -47,9 +45,7 @@ void VarAssignment::unbind() {
         value_->unbind();
 }
 
-std::string VarAssignment::getName() const {
-    return segmentsAsString(segments_);
-}
+std::string VarAssignment::getName() const { return segmentsAsString(segments_); }
 
 std::string VarAssignment::getNameUpTo(std::size_t index) const {
     return segmentsUpToAsString(segments_, index);
@@ -83,9 +79,7 @@ TypePtr VarAssignment::getType() const {
     return target ? target->type_.get() : nullptr;
 }
 
-void VarAssignment::setType(TypePtr const& type) {
-    type_.set(type);
-}
+void VarAssignment::setType(TypePtr const& type) { type_.set(type); }
 
 vec<VarAssignPtr> VarAssignment::getTargetDeclarations() const {
     vec<VarAssignPtr> targets;

@@ -151,16 +151,12 @@ void ParserImpl::addError(ErrorCode error_code, Position position) {
     error_reporter_->reportError(Error::create(error_code, position.line, position.column, source_id_));
 }
 
-void ParserImpl::addErrorAtCurrent(ErrorCode error_code) {
-    addError(error_code, {peekLine(), peekColumn()});
-}
+void ParserImpl::addErrorAtCurrent(ErrorCode error_code) { addError(error_code, {peekLine(), peekColumn()}); }
 
 void ParserImpl::addErrorAtToken(ErrorCode error_code, Token const& token) {
     addError(error_code, token.position());
 }
 
-void ParserImpl::addExpressionError() {
-    addError(ErrBadExpression, previous_.end());
-}
+void ParserImpl::addExpressionError() { addError(ErrBadExpression, previous_.end()); }
 
 } // namespace Slate

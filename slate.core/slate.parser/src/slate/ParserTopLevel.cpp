@@ -141,11 +141,12 @@ ExpressionPtr ParserImpl::parseTopLevelValue(Token const& name_token, Token cons
     if (peekLine() == name_token.line)
         return parseValue(name_token.line, name_token.column);
 
-    if (peekColumn() > name_token.column)
+    if (peekColumn() > name_token.column) {
         addError(isAtEof() ? ErrUnexpectedEndOfText : ErrUnexpectedLineEnd,
                  {name_token.line, name_token.endColumn()});
-    else
+    } else {
         addErrorAtToken(ErrMissingValue, colon_token);
+    }
     synchronize(name_token.column);
     return {};
 }

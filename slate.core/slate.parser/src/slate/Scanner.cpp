@@ -8,21 +8,15 @@ namespace {
 
 // ASCII only: bytes from 128 up are in no class.
 
-constexpr bool isDigit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
+constexpr bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 constexpr bool isLetter(char byte) {
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
 }
 
-constexpr bool isAlphanumeric(char byte) {
-    return isLetter(byte) || isDigit(byte);
-}
+constexpr bool isAlphanumeric(char byte) { return isLetter(byte) || isDigit(byte); }
 
-constexpr bool isBlank(char byte) {
-    return byte == ' ' || byte == '\t';
-}
+constexpr bool isBlank(char byte) { return byte == ' ' || byte == '\t'; }
 
 constexpr std::string_view triple_quote = R"(""")";
 
@@ -222,9 +216,7 @@ bool Scanner::skipToOnLine(char wanted) {
     return false;
 }
 
-void Scanner::addToken(TokenType type) {
-    addToken(type, source_.substr(start_, current_ - start_));
-}
+void Scanner::addToken(TokenType type) { addToken(type, source_.substr(start_, current_ - start_)); }
 
 void Scanner::addToken(TokenType type, std::string_view lexeme) {
     tokens_.emplace_back(type, std::string(lexeme), line_, column_ - (current_ - start_));

@@ -40,8 +40,6 @@ void checkExpectation(Case const& test_case, std::string const& actual) {
     EXPECT_EQ(readFile(test_case.expected_path), actual);
 }
 
-void PrintTo(Case const& test_case, std::ostream* out) {
-    *out << test_case.name;
-}
+std::ostream& operator<<(std::ostream& out, Case const& test_case) { return out << test_case.name; }
 
 } // namespace Slate::Testing

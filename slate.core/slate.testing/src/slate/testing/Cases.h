@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -23,8 +24,7 @@ std::string readFile(std::filesystem::path const& path);
 /// environment it writes `actual` down as the new expectation instead, for review as a diff.
 void checkExpectation(Case const& test_case, std::string const& actual);
 
-/// For GoogleTest: prints a case by its name.
-void PrintTo(Case const& test_case,
-             std::ostream* out); // NOLINT(readability-identifier-naming): called by that name
+/// Prints the name.
+std::ostream& operator<<(std::ostream& out, Case const& test_case);
 
 } // namespace Slate::Testing

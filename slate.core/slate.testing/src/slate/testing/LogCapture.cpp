@@ -8,9 +8,7 @@ namespace Slate::Testing {
 
 namespace {
 
-std::string textOf(char const* text) {
-    return text == nullptr ? std::string() : std::string(text);
-}
+std::string textOf(char const* text) { return text == nullptr ? std::string() : std::string(text); }
 
 class CapturingSink : public spdlog::sinks::base_sink<spdlog::details::null_mutex> {
   public:
@@ -49,9 +47,7 @@ LogCapture::~LogCapture() {
     logger.set_level(state_->level_before);
 }
 
-std::vector<LogCapture::Line> const& LogCapture::lines() const {
-    return state_->sink->lines;
-}
+std::vector<LogCapture::Line> const& LogCapture::lines() const { return state_->sink->lines; }
 
 std::vector<std::string> LogCapture::texts() const {
     std::vector<std::string> texts;

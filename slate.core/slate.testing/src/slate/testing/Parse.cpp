@@ -8,13 +8,9 @@
 
 namespace Slate::Testing {
 
-std::string Parsed::errors() const {
-    return dumpErrors(*reporter);
-}
+std::string Parsed::errors() const { return dumpErrors(*reporter); }
 
-std::string Parsed::tree() const {
-    return dumpTree(*document);
-}
+std::string Parsed::tree() const { return dumpTree(*document); }
 
 Parsed parse(std::string const& source, std::string const& source_id) {
     auto reporter = std::make_shared<ErrorReporter>();
