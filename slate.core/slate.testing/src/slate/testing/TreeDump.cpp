@@ -31,9 +31,9 @@ class DumpVisitor : public NodeVisitor {
 
     void visitModelDeclaration(ModelDeclPtr const& node) override {
         auto line = "model " + optional("", node->getQualifierToken(), " ") + dumpToken(node->getNameToken());
-        if (!node->getExtendsSegments().empty())
-            line += " is " + optional("", node->getExtendsQualifierToken(), " ") +
-                    dumpSegments(node->getExtendsSegments());
+        auto const qualifier = optional("", node->getExtendsQualifierToken(), " ");
+        if (!qualifier.empty() || !node->getExtendsSegments().empty())
+            line += " is " + qualifier + dumpSegments(node->getExtendsSegments());
         writeLine(line);
         Indentation const indentation(*this);
         writeAll(node->getAnnotations());
