@@ -19,9 +19,8 @@ VarAssignPtr attribute(std::string_view path, TokenType operation, std::string_v
 
 ModelDeclPtr qualifiedModel(Token qualifier, std::string const& name, vec<NodePtr> members,
                             vec<TraitImplPtr> traits) {
-    auto const result =
-        ModelDeclaration::create(std::move(qualifier), token(name), Token::None(), {}, {}, std::move(traits),
-                                 {}, std::move(members));
+    auto result = ModelDeclaration::create(std::move(qualifier), token(name), Token::None(), {}, {},
+                                           std::move(traits), {}, std::move(members));
     for (auto const& member : result->getMembers()) {
         if (auto const attribute = member->asVarAssignment())
             attribute->setOwningModel(result);
@@ -33,9 +32,7 @@ ModelDeclPtr qualifiedModel(Token qualifier, std::string const& name, vec<NodePt
 
 } // namespace
 
-Token token(std::string name) {
-    return {TokenType::Identifier, std::move(name), 1, 1};
-}
+Token token(std::string name) { return {TokenType::Identifier, std::move(name), 1, 1}; }
 
 std::vector<std::string> words(std::string_view path) {
     std::vector<std::string> result;
@@ -54,25 +51,17 @@ TokenVector segments(std::string_view path) {
     return result;
 }
 
-ConstantPtr constant(std::string const& name) {
-    return Constant::create(token(name));
-}
+ConstantPtr constant(std::string const& name) { return Constant::create(token(name)); }
 
 ConstantPtr number(std::string digits) {
     return Constant::create({TokenType::Number, std::move(digits), 1, 1});
 }
 
-PrimitiveTypePtr realType() {
-    return PrimitiveType::create(PrimitiveType::Kind::Real);
-}
+PrimitiveTypePtr realType() { return PrimitiveType::create(PrimitiveType::Kind::Real); }
 
-PrimitiveTypePtr intType() {
-    return PrimitiveType::create(PrimitiveType::Kind::Int);
-}
+PrimitiveTypePtr intType() { return PrimitiveType::create(PrimitiveType::Kind::Int); }
 
-AnnotationPtr annotation(std::string const& name) {
-    return Annotation::create(token(name), number("1"));
-}
+AnnotationPtr annotation(std::string const& name) { return Annotation::create(token(name), number("1")); }
 
 VarAssignPtr declaration(std::string_view path, std::string_view type) {
     return attribute(path, TokenType::Is, type);
@@ -87,7 +76,7 @@ VarAssignPtr assignment(std::string_view path, ExpressionPtr value, vec<VarAssig
 }
 
 VarAssignPtr typed(std::string_view name, TypePtr const& type) {
-    auto const result = declaration(name, type->toKey());
+    auto result = declaration(name, type->toKey());
     result->setType(type);
     return result;
 }
@@ -97,7 +86,7 @@ MethodDeclPtr method(std::string const& name) {
 }
 
 TraitImplPtr with(ModelDeclPtr const& trait) {
-    auto const result = TraitImpl::create(segments(trait->getName()));
+    auto result = TraitImpl::create(segments(trait->getName()));
     result->setTraitDeclaration(trait);
     return result;
 }
@@ -115,13 +104,13 @@ ModelDeclPtr traitModel(std::string const& name, vec<NodePtr> members, vec<Trait
 }
 
 ModelDeclPtr child(std::string const& name, ModelDeclPtr const& parent, vec<NodePtr> members) {
-    auto const result = model(name, std::move(members));
+    auto result = model(name, std::move(members));
     result->setExtends(parent);
     return result;
 }
 
 DocPtr document(std::string_view dotted_namespace, vec<NodePtr> members) {
-    auto const result = Document::create("test.slate", std::move(members));
+    auto result = Document::create("test.slate", std::move(members));
     for (auto& word : words(dotted_namespace))
         result->appendToNamespace(std::move(word));
     for (auto const& member : result->getMembers()) {

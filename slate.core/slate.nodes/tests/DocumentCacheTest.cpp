@@ -1,6 +1,6 @@
 #include "Build.h"
-
 #include "slate/Document.h"
+#include "slate/MethodDeclaration.h"
 #include "slate/ModelDeclaration.h"
 #include "slate/VarAssignment.h"
 
@@ -31,27 +31,28 @@ TEST(DocumentCache, FirstOfferIsTaken) {
 
 TEST(DocumentCache, LaterOfferIsTakenOnlyIfItsNamespaceIsNearerThanTheKey) {
     for (auto const& [asking, key, offering, replaces] : std::vector<Offer>{
-             {"a.b", "x", "c", false},            // nothing in common against nothing
-             {"a.b", "x", "a.z", true},           // one segment against none
-             {"a.b", "x", "a.b", true},           // two against none
-             {"a.b", "a.x", "a.z", false},        // one against one: the older stays
-             {"a.b", "a.x", "a.b", true},         // two against one
-             {"a.b", "a.b.x", "a.b", false},      // two against two
-             {"a.b", "a.b", "a.b.c", false},      // no more than the asking namespace has
-             {"a.b", "b.x", "b.b", false},        // only leading segments count
-             {"a.b", "x", "ab", false},           // segments, not letters
-             {"a.b", "a", "a", false},            // a key may be as long as one segment
-             {"", "x", "a.b", false},             // an empty namespace is near to none
-             {"a", "a.b.c.d", "a.b.c.d", false},  // up to the shorter of the two
-             {"a.b.c", "a.x", "a.b.x", true},     // two against one
-             {"a.b.c", "a..b", "a.b", true},      // an empty segment is one
+             {"a.b", "x", "c", false},           // nothing in common against nothing
+             {"a.b", "x", "a.z", true},          // one segment against none
+             {"a.b", "x", "a.b", true},          // two against none
+             {"a.b", "a.x", "a.z", false},       // one against one: the older stays
+             {"a.b", "a.x", "a.b", true},        // two against one
+             {"a.b", "a.b.x", "a.b", false},     // two against two
+             {"a.b", "a.b", "a.b.c", false},     // no more than the asking namespace has
+             {"a.b", "b.x", "b.b", false},       // only leading segments count
+             {"a.b", "x", "ab", false},          // segments, not letters
+             {"a.b", "a", "a", false},           // a key may be as long as one segment
+             {"", "x", "a.b", false},            // an empty namespace is near to none
+             {"a", "a.b.c.d", "a.b.c.d", false}, // up to the shorter of the two
+             {"a.b.c", "a.x", "a.b.x", true},    // two against one
+             {"a.b.c", "a..b", "a.b", true},     // an empty segment is one
          }) {
         auto const document = Testing::document(asking);
         auto const first = model("First");
         auto const second = model("Second");
         document->cacheNsLookup(key, first, Testing::document("elsewhere"));
         document->cacheNsLookup(key, second, Testing::document(offering));
-        EXPECT_EQ(document->nsLookup(key), replaces ? second : first) << asking << " " << key << " " << offering;
+        EXPECT_EQ(document->nsLookup(key), replaces ? second : first)
+            << asking << " " << key << " " << offering;
     }
 }
 

@@ -1,9 +1,10 @@
-#include "Build.h"
-
 #include "slate/Document.h"
+
+#include "Build.h"
 #include "slate/Import.h"
 #include "slate/ModelDeclaration.h"
 #include "slate/OperatorOverload.h"
+#include "slate/PrimitiveType.h"
 #include "slate/VarAssignment.h"
 
 #include <gmock/gmock.h>
@@ -17,9 +18,7 @@ using namespace Testing;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-ImportPtr import(std::string const& path) {
-    return Import::create(Token::String(path), {}, {});
-}
+ImportPtr import(std::string const& path) { return Import::create(Token::String(path), {}, {}); }
 
 } // namespace
 

@@ -1,7 +1,6 @@
 #include "NodeClasses.h"
 
 #include "Build.h"
-
 #include "slate/Annotation.h"
 #include "slate/Array.h"
 #include "slate/ArrayType.h"
@@ -33,13 +32,9 @@ NodePtr as(Node& node) {
     return (node.*As)();
 }
 
-NodePtr makeBinaryOp() {
-    return BinaryOp::create(number("1"), number("2"), token("+"));
-}
+NodePtr makeBinaryOp() { return BinaryOp::create(number("1"), number("2"), token("+")); }
 
-NodePtr makeOverload() {
-    return OperatorOverload::create(token("+"), {}, {});
-}
+NodePtr makeOverload() { return OperatorOverload::create(token("+"), {}, {}); }
 
 std::vector<NodeClass> makeDeclarationClasses() {
     return {
@@ -100,9 +95,7 @@ std::vector<NodeClass> const& nodeClasses() {
     return classes;
 }
 
-void RecordingVisitor::visitDocument(DocPtr const& node) {
-    visits.emplace_back("Document", node);
-}
+void RecordingVisitor::visitDocument(DocPtr const& node) { visits.emplace_back("Document", node); }
 
 void RecordingVisitor::visitModelDeclaration(ModelDeclPtr const& node) {
     visits.emplace_back("ModelDeclaration", node);
@@ -120,61 +113,39 @@ void RecordingVisitor::visitMethodDeclaration(MethodDeclPtr const& node) {
     visits.emplace_back("MethodDeclaration", node);
 }
 
-void RecordingVisitor::visitConstant(ConstantPtr const& node) {
-    visits.emplace_back("Constant", node);
-}
+void RecordingVisitor::visitConstant(ConstantPtr const& node) { visits.emplace_back("Constant", node); }
 
-void RecordingVisitor::visitCall(CallPtr const& node) {
-    visits.emplace_back("Call", node);
-}
+void RecordingVisitor::visitCall(CallPtr const& node) { visits.emplace_back("Call", node); }
 
 void RecordingVisitor::visitMemberAccess(MemberAccessPtr const& node) {
     visits.emplace_back("MemberAccess", node);
 }
 
-void RecordingVisitor::visitArray(ArrayPtr const& node) {
-    visits.emplace_back("Array", node);
-}
+void RecordingVisitor::visitArray(ArrayPtr const& node) { visits.emplace_back("Array", node); }
 
-void RecordingVisitor::visitUnary(UnaryPtr const& node) {
-    visits.emplace_back("Unary", node);
-}
+void RecordingVisitor::visitUnary(UnaryPtr const& node) { visits.emplace_back("Unary", node); }
 
-void RecordingVisitor::visitBinaryOp(BinaryOpPtr const& node) {
-    visits.emplace_back("BinaryOp", node);
-}
+void RecordingVisitor::visitBinaryOp(BinaryOpPtr const& node) { visits.emplace_back("BinaryOp", node); }
 
 void RecordingVisitor::visitPrimitiveType(PrimitiveTypePtr const& node) {
     visits.emplace_back("PrimitiveType", node);
 }
 
-void RecordingVisitor::visitArrayType(ArrayTypePtr const& node) {
-    visits.emplace_back("ArrayType", node);
-}
+void RecordingVisitor::visitArrayType(ArrayTypePtr const& node) { visits.emplace_back("ArrayType", node); }
 
-void RecordingVisitor::visitParameter(ParamPtr const& node) {
-    visits.emplace_back("Parameter", node);
-}
+void RecordingVisitor::visitParameter(ParamPtr const& node) { visits.emplace_back("Parameter", node); }
 
-void RecordingVisitor::visitIndexing(IndexingPtr const& node) {
-    visits.emplace_back("Indexing", node);
-}
+void RecordingVisitor::visitIndexing(IndexingPtr const& node) { visits.emplace_back("Indexing", node); }
 
 void RecordingVisitor::visitOperatorOverload(OpOverloadPtr const& node) {
     visits.emplace_back("OperatorOverload", node);
 }
 
-void RecordingVisitor::visitAnnotation(AnnotationPtr const& node) {
-    visits.emplace_back("Annotation", node);
-}
+void RecordingVisitor::visitAnnotation(AnnotationPtr const& node) { visits.emplace_back("Annotation", node); }
 
-void RecordingVisitor::visitImport(ImportPtr const& node) {
-    visits.emplace_back("Import", node);
-}
+void RecordingVisitor::visitImport(ImportPtr const& node) { visits.emplace_back("Import", node); }
 
-void RecordingVisitor::visitTraitImpl(TraitImplPtr const& node) {
-    visits.emplace_back("TraitImpl", node);
-}
+void RecordingVisitor::visitTraitImpl(TraitImplPtr const& node) { visits.emplace_back("TraitImpl", node); }
 
 void RecordingVisitor::visitInitializer(InitializerPtr const& node) {
     visits.emplace_back("Initializer", node);
@@ -184,8 +155,6 @@ void RecordingVisitor::visitInitializerType(InitializerTypePtr const& node) {
     visits.emplace_back("InitializerType", node);
 }
 
-void RecordingVisitor::visitDeletion(DeletionPtr const& node) {
-    visits.emplace_back("Deletion", node);
-}
+void RecordingVisitor::visitDeletion(DeletionPtr const& node) { visits.emplace_back("Deletion", node); }
 
 } // namespace Slate::Testing

@@ -1,6 +1,5 @@
 #include "Build.h"
 #include "NodeClasses.h"
-
 #include "slate/Array.h"
 #include "slate/BinaryOp.h"
 #include "slate/Constant.h"

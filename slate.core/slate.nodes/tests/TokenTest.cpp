@@ -102,7 +102,7 @@ TEST(Token, FactoriesSetTypeAndLexemeAndNoPosition) {
         {Token::Int(std::numeric_limits<std::int64_t>::max()), TokenType::Number, "9223372036854775807"},
         {Token::Int(std::numeric_limits<std::int64_t>::min()), TokenType::Number, "-9223372036854775808"},
         {Token::Real(-2), TokenType::Number, "-2.000000"},
-        {Token::String("a \"b\" \\n"), TokenType::String, "a \"b\" \\n"},
+        {Token::String(R"(a "b" \n)"), TokenType::String, R"(a "b" \n)"},
     };
     for (auto const& row : rows)
         EXPECT_EQ(row.made, Token(row.type, std::string(row.lexeme), 0, 0)) << row.lexeme;

@@ -1,5 +1,4 @@
 #include "Build.h"
-
 #include "slate/Array.h"
 #include "slate/ArrayType.h"
 #include "slate/Constant.h"
@@ -20,7 +19,7 @@ using namespace Testing;
 using Kind = PrimitiveType::Kind;
 
 ExpressionPtr valueOf(TypePtr const& type) {
-    auto const value = constant("value");
+    auto value = constant("value");
     value->setType(type);
     return value;
 }
@@ -41,7 +40,7 @@ InitializerPtr initializerOf(std::vector<TypePtr> const& types) {
 }
 
 ArrayTypePtr typeOfEmptyArray() {
-    auto const type = ArrayType::create({});
+    auto type = ArrayType::create({});
     type->setIsEmptyArray(true);
     return type;
 }
@@ -136,16 +135,17 @@ TEST(ArrayType, ElementMayBeSetLaterAndUnbindClearsIt) {
 TEST(ArrayType, EmptyArrayFitsEveryArrayTypeAndIsFittedByEvery) {
     auto const literal = arrayOf({realType()});
     auto const empty = typeOfEmptyArray();
-    for (auto const& type :
-         {ArrayType::create(PrimitiveType::create(Kind::String)), ArrayType::create(ArrayType::create(realType())),
-          ArrayType::create({}), ArrayType::create(literal), typeOfEmptyArray()}) {
+    for (auto const& type : {ArrayType::create(PrimitiveType::create(Kind::String)),
+                             ArrayType::create(ArrayType::create(realType())), ArrayType::create({}),
+                             ArrayType::create(literal), typeOfEmptyArray()}) {
         EXPECT_TRUE(empty->isAssignableTo(type)) << type->toString();
         EXPECT_TRUE(type->isAssignableTo(empty)) << type->toString();
     }
 }
 
 TEST(ArrayType, EmptyArrayFitsNothingButArrays) {
-    for (auto const& type : std::vector<TypePtr>{realType(), model("Body"), InitializerType::create({}), nullptr})
+    for (auto const& type :
+         std::vector<TypePtr>{realType(), model("Body"), InitializerType::create({}), nullptr})
         EXPECT_FALSE(typeOfEmptyArray()->isAssignableTo(type));
 }
 
@@ -223,8 +223,8 @@ TEST(InitializerType, FitsAModelWhoseAttributesItsEntriesMatchInOrder) {
     auto const two_ints = initializerOf({intType(), intType()});
     EXPECT_TRUE(fits(two_ints, model("Body", {typed("a", realType()), typed("b", intType())})));
     EXPECT_FALSE(fits(two_ints, model("Body", {typed("a", realType())})));
-    EXPECT_FALSE(fits(two_ints, model("Body", {typed("a", realType()), typed("b", intType()),
-                                               typed("c", intType())})));
+    EXPECT_FALSE(fits(two_ints,
+                      model("Body", {typed("a", realType()), typed("b", intType()), typed("c", intType())})));
     auto const int_and_real = initializerOf({intType(), realType()});
     EXPECT_FALSE(fits(int_and_real, model("Body", {typed("a", realType()), typed("b", intType())})));
 }

@@ -132,7 +132,7 @@ TEST(Robustness, WordsOfTheLanguageInAnyOrder) {
         "$",    "1e"};
     std::mt19937 random(20'26); // NOLINT(cert-msc51-cpp,bugprone-*): the same soup each time
     std::uniform_int_distribution<std::size_t> pick(0, words.size() - 1);
-    for (int soup = 0; soup < 3'000; ++soup) {
+    for (int soup = 0; soup < 20'000; ++soup) {
         std::string text;
         for (int word = 0; word < 60; ++word)
             text += words[pick(random)] + (word % 3 == 0 ? "" : " ");

@@ -13,11 +13,14 @@ void MemberList::append(NodePtr member) {
     if (!member)
         return;
     members_.push_back(std::move(member));
-    dropTable();
+    if (has_table_)
+        addToTable(members_.size() - 1);
 }
 
 void MemberList::remove(NodePtr const& member) {
-    if (std::erase(members_, member) > 0)
+    // By address: `member` may be one of the entries, which erasing moves.
+    auto const* const node = member.get();
+    if (std::erase_if(members_, [node](NodePtr const& entry) { return entry.get() == node; }) > 0)
         dropTable();
 }
 
@@ -64,18 +67,23 @@ void MemberList::dropTable() {
 }
 
 void MemberList::buildTable() const {
-    next_of_name_.assign(members_.size(), none);
-    for (std::size_t i = 0; i < members_.size(); ++i) {
-        auto name = name_of_(*members_[i]);
-        if (!name)
-            continue;
-        auto const [run, is_new] = runs_.try_emplace(std::move(*name), Run{i, i});
-        if (!is_new) {
-            next_of_name_[run->second.last] = i;
-            run->second.last = i;
-        }
-    }
+    next_of_name_.reserve(members_.size());
+    for (std::size_t position = 0; position < members_.size(); ++position)
+        addToTable(position);
     has_table_ = true;
+}
+
+/// Positions are added in ascending order.
+void MemberList::addToTable(std::size_t position) const {
+    next_of_name_.push_back(none);
+    auto name = name_of_(*members_[position]);
+    if (!name)
+        return;
+    auto const [run, is_new] = runs_.try_emplace(std::move(*name), Run{position, position});
+    if (!is_new) {
+        next_of_name_[run->second.last] = position;
+        run->second.last = position;
+    }
 }
 
 } // namespace Slate

@@ -11,7 +11,8 @@ namespace Slate {
 
 /// The members of a document or model in order, and the look-up of them by name.
 ///
-/// Long lists are looked up in a hash table, which the first look-up builds and any change drops.
+/// Long lists are looked up in a hash table, which the first look-up builds, `append`
+/// keeps up to date, and a removal drops.
 class MemberList {
   public:
     /// The name under which a member is found; none for a member that is never found by name.
@@ -58,9 +59,11 @@ class MemberList {
     std::size_t scanFrom(std::size_t position, std::string_view name) const;
     void dropTable();
     void buildTable() const;
+    void addToTable(std::size_t position) const;
 
     vec<NodePtr> members_;
     NameOf name_of_;
+    // A look-up fills these; they say nothing that the members do not.
     mutable bool has_table_ = false;
     mutable StringMap<Run> runs_;
     mutable std::vector<std::size_t> next_of_name_;

@@ -22,6 +22,12 @@ std::optional<std::string> nameOf(Node& member) {
     return std::nullopt;
 }
 
+template <typename Item>
+void append(vec<Item>& list, Item item) {
+    if (item)
+        list.push_back(std::move(item));
+}
+
 std::string joinBehindEach(std::vector<std::string> const& segments, std::string const& separator) {
     std::string text;
     for (auto const& segment : segments)
@@ -100,16 +106,18 @@ std::string ModelDeclaration::getSourceIdOrDefault() const {
 }
 
 void ModelDeclaration::appendToAnnotations(AnnotationPtr annotation) {
-    annotations_.push_back(std::move(annotation));
+    append(annotations_, std::move(annotation));
 }
 
-void ModelDeclaration::appendToTraits(TraitImplPtr trait) { traits_.push_back(std::move(trait)); }
+void ModelDeclaration::appendToTraits(TraitImplPtr trait) { append(traits_, std::move(trait)); }
 
-void ModelDeclaration::appendToDeletions(DeletionPtr deletion) { deletions_.push_back(std::move(deletion)); }
+void ModelDeclaration::appendToDeletions(DeletionPtr deletion) { append(deletions_, std::move(deletion)); }
 
 void ModelDeclaration::extendMembers(vec<NodePtr> const& members) {
-    for (auto const& member : members)
-        members_.append(member);
+    // By index and up to the size it has now: the list given may be this model's own, which grows meanwhile.
+    auto const count = members.size();
+    for (std::size_t i = 0; i < count; ++i)
+        members_.append(members[i]);
 }
 
 vec<AnnotationPtr> ModelDeclaration::findModelAnnotations(std::string_view name) const {

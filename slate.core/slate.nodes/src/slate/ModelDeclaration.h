@@ -45,7 +45,7 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     /// True for this very model, for each model that it extends, and for each trait of all of these.
     bool isAssignableTo(TypePtr const& other) const override;
 
-    // What the parser read.
+    // What the parser read. To append an empty pointer has no effect.
 
     /// `const`, `trait` or `None`.
     Token const& getQualifierToken() const { return qualifier_token_; }

@@ -13,6 +13,12 @@ TraitImplPtr TraitImpl::create(TokenVector segments) {
 TraitImpl::TraitImpl(CreateKey, TokenVector&& segments)
     : Node(NodeType::TraitImpl), segments_(std::move(segments)) {}
 
+TraitImpl::~TraitImpl() {
+    // Entry by entry, and only as far as nobody else holds one.
+    for (auto nested = std::move(nested_trait_); nested && nested.use_count() == 1;)
+        nested = std::exchange(nested->nested_trait_, nullptr);
+}
+
 void TraitImpl::accept(NodeVisitor& visitor) { visitor.visitTraitImpl(shared_from_this()); }
 
 void TraitImpl::unbind() {

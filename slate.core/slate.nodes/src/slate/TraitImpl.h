@@ -11,6 +11,8 @@ class TraitImpl : public Node, public std::enable_shared_from_this<TraitImpl> {
 
     TraitImpl(CreateKey, TokenVector&& segments);
 
+    ~TraitImpl() override;
+
     TraitImplPtr asTraitImpl() override { return shared_from_this(); }
 
     void accept(NodeVisitor& visitor) override;
