@@ -13,7 +13,7 @@ namespace Slate::Benchmarks {
 namespace {
 
 void countBytes(benchmark::State& state, std::string const& source) {
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * source.size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(source.size()));
 }
 
 void requireNoErrors(ErrorReporter const& reporter) {
@@ -36,7 +36,7 @@ void reportMemory(benchmark::State& state, std::string const& source) {
 void scan(benchmark::State& state) {
     auto const source = generateSource(static_cast<std::size_t>(state.range(0)));
     auto const reporter = std::make_shared<ErrorReporter>();
-    for (auto _ : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(tokenize(source, "benchmark.slate", reporter));
     requireNoErrors(*reporter);
     countBytes(state, source);
@@ -46,7 +46,7 @@ void scan(benchmark::State& state) {
 void parse(benchmark::State& state) {
     auto const source = generateSource(static_cast<std::size_t>(state.range(0)));
     auto const reporter = std::make_shared<ErrorReporter>();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         auto document = Parser::parse(source, "benchmark.slate", reporter);
         benchmark::DoNotOptimize(document);
         state.PauseTiming();
@@ -61,7 +61,7 @@ void parse(benchmark::State& state) {
 void parseAndDestroy(benchmark::State& state) {
     auto const source = generateSource(static_cast<std::size_t>(state.range(0)));
     auto const reporter = std::make_shared<ErrorReporter>();
-    for (auto _ : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(Parser::parse(source, "benchmark.slate", reporter));
     countBytes(state, source);
 }

@@ -16,7 +16,6 @@ namespace Slate::Testing {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 class Cursor : public testing::Test {
@@ -27,7 +26,7 @@ class Cursor : public testing::Test {
 
     std::string const source_id = "test.slate";
     std::shared_ptr<ErrorReporter> const reporter = std::make_shared<ErrorReporter>();
-    ParserImpl::BracketStack const outside;
+    ParserImpl::BracketStack const outside{};
     ParserImpl::BracketStack const inside{TokenType::LeftParen};
 };
 

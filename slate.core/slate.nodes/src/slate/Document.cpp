@@ -1,5 +1,6 @@
 #include "slate/Document.h"
 
+#include "slate/Join.h"
 #include "slate/ModelDeclaration.h"
 #include "slate/NodeVisitor.h"
 #include "slate/VarAssignment.h"
@@ -20,37 +21,6 @@ std::optional<std::string> nameOf(Node& member) {
     return std::nullopt;
 }
 
-template <typename Iterator>
-std::string join(Iterator first, Iterator last, std::string const& separator) {
-    std::string text;
-    for (auto segment = first; segment != last; ++segment) {
-        if (segment != first)
-            text += separator;
-        text += *segment;
-    }
-    return text;
-}
-
-/// How many leading segments of a namespace a dotted key spells out.
-std::size_t countCommonSegments(std::vector<std::string> const& segments, std::string_view key) {
-    std::size_t count = 0;
-    for (auto const& segment : segments) {
-        auto const dot = key.find('.');
-        if (key.substr(0, dot) != segment)
-            break;
-        ++count;
-        if (dot == std::string_view::npos)
-            break;
-        key.remove_prefix(dot + 1);
-    }
-    return count;
-}
-
-std::size_t countCommonSegments(std::vector<std::string> const& a, std::vector<std::string> const& b) {
-    auto const difference = std::ranges::mismatch(a, b);
-    return static_cast<std::size_t>(difference.in1 - a.begin());
-}
-
 } // namespace
 
 DocPtr Document::create(std::string source_id, vec<NodePtr> members) {
@@ -66,7 +36,8 @@ Document::Document(CreateKey, std::string&& source_id, vec<NodePtr>&& members)
 void Document::accept(NodeVisitor& visitor) { visitor.visitDocument(shared_from_this()); }
 
 void Document::unbind() {
-    ns_cache_.clear();
+    ++revision_;
+    clearNsCache();
     for (auto const& member : members_.getAll())
         member->unbind();
 }
@@ -92,23 +63,19 @@ std::string Document::joinNamespaceSkipFirst(std::string const& separator) const
 void Document::cacheNsLookup(std::string const& key, NodePtr const& node, DocPtr const& source_document) {
     if (!node || !source_document)
         return;
-    auto const [entry, is_new] = ns_cache_.try_emplace(key, node);
-    if (is_new)
-        return;
-    if (entry->second.expired()) {
-        entry->second = node;
-        return;
-    }
     auto const nearness_of_offer =
-        countCommonSegments(namespace_segments_, source_document->namespace_segments_);
-    auto const nearness_of_key = countCommonSegments(namespace_segments_, key);
-    if (nearness_of_key < nearness_of_offer)
-        entry->second = node;
+        NameTable::countCommonSegments(namespace_segments_, source_document->namespace_segments_);
+    auto const nearness_of_key = NameTable::countCommonSegments(namespace_segments_, key);
+    if (nearness_of_key < nearness_of_offer || !nsLookup(key))
+        ns_cache_.insert_or_assign(key, node);
 }
 
 NodePtr Document::nsLookup(std::string_view key) const {
-    auto const entry = ns_cache_.find(key);
-    return entry == ns_cache_.end() ? nullptr : entry->second.lock();
+    if (auto const entry = ns_cache_.find(key); entry != ns_cache_.end()) {
+        if (auto node = entry->second.lock())
+            return node;
+    }
+    return name_scope_ ? name_scope_->names->find(name_scope_->viewer, key) : nullptr;
 }
 
 NodePtr Document::nsLookupConstOrVar(std::string_view key) const {
@@ -119,15 +86,43 @@ NodePtr Document::nsLookupConstOrVar(std::string_view key) const {
     return node->isVarAssignment() || (model && model->isConst()) ? node : nullptr;
 }
 
-void Document::copyNsCacheFrom(Document const& other) { ns_cache_ = other.ns_cache_; }
+void Document::copyNsCacheFrom(Document const& other) {
+    ns_cache_ = other.ns_cache_;
+    name_scope_ = other.name_scope_;
+}
 
-void Document::clearNsCache() { ns_cache_.clear(); }
+void Document::clearNsCache() {
+    ns_cache_.clear();
+    name_scope_.reset();
+    removed_members_.clear();
+}
 
-void Document::appendToMembers(NodePtr member) { members_.append(std::move(member)); }
+void Document::setNames(std::shared_ptr<NameTable const> names, NameTable const& fresh) {
+    for (auto& [key, node] : ns_cache_) {
+        if (auto const nearer = fresh.findNearer(namespace_segments_, key))
+            node = nearer;
+    }
+    name_scope_ = std::make_shared<NameScope const>(NameScope{std::move(names), namespace_segments_});
+}
 
-void Document::removeMember(NodePtr const& member) { members_.remove(member); }
+std::shared_ptr<NameTable const> Document::getNames() const {
+    return name_scope_ ? name_scope_->names : nullptr;
+}
 
-void Document::removeInvalidMembers() { members_.removeInvalid(); }
+void Document::appendToMembers(NodePtr member) {
+    members_.append(std::move(member));
+    ++revision_;
+}
+
+void Document::removeMember(NodePtr const& member) { keepForNameTables(members_.remove(member)); }
+
+void Document::removeInvalidMembers() { keepForNameTables(members_.removeInvalid()); }
+
+void Document::keepForNameTables(vec<NodePtr> removed) {
+    ++revision_;
+    if (name_scope_)
+        removed_members_.insert(removed_members_.end(), removed.begin(), removed.end());
+}
 
 vec<ImportPtr> Document::findImports() const {
     vec<ImportPtr> imports;

@@ -2,6 +2,7 @@
 
 #include "slate/Fnv1a.h"
 #include "slate/MemberList.h"
+#include "slate/NameTable.h"
 
 #include <string>
 #include <vector>
@@ -60,10 +61,20 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
     void copyNsCacheFrom(Document const& other);
     void clearNsCache();
 
+    /// Makes all names of a table visible here as if each were offered by `cacheNsLookup` now. `names` goes
+    /// on from the table that was set before, if any, and `fresh` is what it has beyond that.
+    void setNames(std::shared_ptr<NameTable const> names, NameTable const& fresh);
+
+    /// The table set last; empty if none is.
+    std::shared_ptr<NameTable const> getNames() const;
+
     // The members: `Import`, `ModelDeclaration`, `OperatorOverload` and `VarAssignment`, in source order. A
     // variable is found by its dotted target path, a model by its name, the others by none.
 
     void appendToMembers(NodePtr member);
+
+    /// Goes up with every change of the members, and with `unbind`.
+    std::size_t getRevision() const { return revision_; }
 
     vec<NodePtr> const& getMembers() const { return members_.getAll(); }
 
@@ -80,10 +91,28 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
     void setSourceId(std::string const& source_id) { source_id_ = source_id; }
 
   private:
+    void keepForNameTables(vec<NodePtr> removed);
+
     std::string source_id_;
     std::vector<std::string> namespace_segments_;
     MemberList members_;
-    StringMap<std::weak_ptr<Node>> ns_cache_; // documents name one another's nodes
+    std::size_t revision_ = 0;
+
+    /// A table of names as seen from a namespace, which may have changed since.
+    struct NameScope {
+        std::shared_ptr<NameTable const> names;
+        std::vector<std::string> viewer;
+    };
+
+    std::shared_ptr<NameScope const> name_scope_;
+
+    /// What was offered one by one; goes before the table. Weak, as the table is: documents name one
+    /// another's nodes.
+    StringMap<std::weak_ptr<Node>> ns_cache_;
+
+    /// What was removed from the members while name tables may know it: these answer as things were when they
+    /// were filled.
+    vec<NodePtr> removed_members_;
 };
 
 } // namespace Slate

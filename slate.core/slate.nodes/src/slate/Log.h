@@ -40,6 +40,7 @@ constexpr std::array<char, Size> qualifiedName(char const (&signature)[Size]) {
             level, __VA_ARGS__);                                                                             \
     } while (false)
 
+#define SLATE_LOG_TRACE(...) SLATE_LOG(::spdlog::level::trace, __VA_ARGS__)
 #define SLATE_LOG_DEBUG(...) SLATE_LOG(::spdlog::level::debug, __VA_ARGS__)
 #define SLATE_LOG_WARNING(...) SLATE_LOG(::spdlog::level::warn, __VA_ARGS__)
 #define SLATE_LOG_ERROR(...) SLATE_LOG(::spdlog::level::err, __VA_ARGS__)

@@ -1,6 +1,8 @@
 #include "slate/MemberList.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 
 namespace Slate {
 
@@ -17,16 +19,25 @@ void MemberList::append(NodePtr member) {
         addToTable(members_.size() - 1);
 }
 
-void MemberList::remove(NodePtr const& member) {
-    // By address: `member` may be one of the entries, which erasing moves.
+vec<NodePtr> MemberList::remove(NodePtr const& member) {
+    // By address: `member` may be one of the entries, which move.
     auto const* const node = member.get();
-    if (std::erase_if(members_, [node](NodePtr const& entry) { return entry.get() == node; }) > 0)
-        dropTable();
+    return removeIf([node](NodePtr const& entry) { return entry.get() == node; });
 }
 
-void MemberList::removeInvalid() {
-    if (std::erase_if(members_, [](NodePtr const& member) { return !member->isValid(); }) > 0)
+vec<NodePtr> MemberList::removeInvalid() {
+    return removeIf([](NodePtr const& entry) { return !entry->isValid(); });
+}
+
+template <typename Condition>
+vec<NodePtr> MemberList::removeIf(Condition condition) {
+    auto const first_removed =
+        std::stable_partition(members_.begin(), members_.end(), std::not_fn(condition));
+    vec<NodePtr> removed(std::make_move_iterator(first_removed), std::make_move_iterator(members_.end()));
+    members_.erase(first_removed, members_.end());
+    if (!removed.empty())
         dropTable();
+    return removed;
 }
 
 vec<NodePtr> MemberList::findAll(std::string_view name) const {

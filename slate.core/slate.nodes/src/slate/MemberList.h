@@ -25,11 +25,11 @@ class MemberList {
     /// Appends a member; an empty pointer is none.
     void append(NodePtr member);
 
-    /// Removes every entry that is this very node, keeping the order of the others.
-    void remove(NodePtr const& member);
+    /// Removes every entry that is this very node, keeping the order of the others, and answers with them.
+    vec<NodePtr> remove(NodePtr const& member);
 
-    /// Removes every member that is not valid, keeping the order of the others.
-    void removeInvalid();
+    /// Removes every member that is not valid, keeping the order of the others, and answers with them.
+    vec<NodePtr> removeInvalid();
 
     /// The first member of that name for which `condition(member)` holds, or empty.
     template <typename Condition>
@@ -57,6 +57,8 @@ class MemberList {
     std::size_t firstPosition(std::string_view name) const;
     std::size_t nextPosition(std::size_t position, std::string_view name) const;
     std::size_t scanFrom(std::size_t position, std::string_view name) const;
+    template <typename Condition>
+    vec<NodePtr> removeIf(Condition condition);
     void dropTable();
     void buildTable() const;
     void addToTable(std::size_t position) const;

@@ -45,6 +45,9 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     /// True for this very model, for each model that it extends, and for each trait of all of these.
     bool isAssignableTo(TypePtr const& other) const override;
 
+    /// The models for which `isAssignableTo` holds, this one among them, in no particular order.
+    vec<ModelDeclaration const*> collectAssignableModels() const;
+
     // What the parser read. To append an empty pointer has no effect.
 
     /// `const`, `trait` or `None`.
@@ -206,6 +209,11 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     ModelDeclaration const* parent() const { return extends_.lock().get(); }
 
     vec<ModelDeclaration const*> traitModels() const;
+
+    /// Calls `stopAt(model)` with this model and all that it is assignable to, each once, until it answers
+    /// true.
+    template <typename StopAt>
+    bool findAssignable(StopAt stop_at) const;
     VarAssignPtr findNewAttribute(std::string_view symbol_path) const;
     bool isEmptyInItself(vec<ModelDeclaration const*>& types_to_check) const;
     bool isAddedByCollapse(NodePtr const& member) const;

@@ -35,25 +35,37 @@ vec<ModelDeclaration const*> ModelDeclaration::traitModels() const {
     return models;
 }
 
-bool ModelDeclaration::isAssignableTo(TypePtr const& other) const {
-    auto const wanted = other ? other->asModelDeclaration() : nullptr;
-    if (!wanted)
-        return false;
-
+template <typename StopAt>
+bool ModelDeclaration::findAssignable(StopAt stop_at) const {
     std::unordered_set<ModelDeclaration const*> met;
     vec<ModelDeclaration const*> ahead{this};
     while (!ahead.empty()) {
         auto const* model = ahead.back();
         ahead.pop_back();
-        if (model == wanted.get())
-            return true;
         if (!met.insert(model).second)
             continue;
+        if (stop_at(model))
+            return true;
         if (auto const* parent = model->parent())
             ahead.push_back(parent);
         std::ranges::copy(model->traitModels(), std::back_inserter(ahead));
     }
     return false;
+}
+
+bool ModelDeclaration::isAssignableTo(TypePtr const& other) const {
+    auto const wanted = other ? other->asModelDeclaration() : nullptr;
+    return wanted &&
+           findAssignable([&wanted](ModelDeclaration const* model) { return model == wanted.get(); });
+}
+
+vec<ModelDeclaration const*> ModelDeclaration::collectAssignableModels() const {
+    vec<ModelDeclaration const*> models;
+    findAssignable([&models](ModelDeclaration const* model) {
+        models.push_back(model);
+        return false;
+    });
+    return models;
 }
 
 /// Looks at this model alone and adds to `types_to_check` the models that have to be empty as well.

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "slate/BundleConfig.h"
+#include "slate/NodeTypes.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace Slate {
+
+/// One source that a context knows.
+struct DocumentContext {
+    DocumentContext(std::string s, std::filesystem::path p, std::shared_ptr<Bundle::BundleConfig const> b)
+        : bundle(std::move(b)), path(std::move(p)), source(std::move(s)) {}
+
+    /// With a document that is there already.
+    DocumentContext(std::string s, std::filesystem::path p, std::shared_ptr<Bundle::BundleConfig const> b,
+                    DocPtr d)
+        : bundle(std::move(b)), path(std::move(p)), source(std::move(s)), document(std::move(d)) {}
+
+    /// The bundle that the source belongs to, as it stood when this was made; shared by its sources.
+    std::shared_ptr<Bundle::BundleConfig const> bundle;
+
+    /// The file, or what stands for it if there is none.
+    std::filesystem::path path;
+    std::string source;
+
+    /// Empty until parsed.
+    DocPtr document;
+};
+
+} // namespace Slate

@@ -1,0 +1,125 @@
+#include "slate/FindBundle.h"
+
+#include "slate/Directory.h"
+#include "slate/Log.h"
+
+#include <set>
+
+namespace Slate::Bundle {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The nearest configuration from a directory up to the root.
+std::optional<fs::path> findConfigUpward(fs::path directory) {
+    while (true) {
+        if (auto config = findSlateConfigInDirectory(directory))
+            return config;
+        auto parent = directory.parent_path();
+        if (parent == directory)
+            return std::nullopt;
+        directory = std::move(parent);
+    }
+}
+
+std::optional<fs::path> findConfigInEntry(fs::path const& entry) {
+    return fs::is_directory(pathStatus(entry)) ? findSlateConfigInDirectory(entry) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<fs::path> findSlateConfigInDirectory(fs::path const& directory) {
+    std::error_code failure;
+    if (!fs::is_directory(directory, failure)) {
+        SLATE_LOG_DEBUG("Directory not found {}, ignoring...", directory.string());
+        return std::nullopt;
+    }
+    auto config = directory / "config.slate";
+    if (!pathExists(config)) {
+        SLATE_LOG_TRACE("No config.slate found in {}", directory.string());
+        return std::nullopt;
+    }
+    SLATE_LOG_DEBUG("config.slate found in {}", directory.string());
+    return config;
+}
+
+// Recursion is as deep as a path can be long.
+void traverseBundleDirectory(BundleConfig& bundle, fs::path const& directory) {
+    SLATE_LOG_TRACE("Finding all .slate files in bundle {} in {}", bundle.name, directory.string());
+    for (auto& entry : listDirectory(directory)) {
+        if (entry == bundle.config_file_path)
+            continue;
+        if (fs::is_directory(pathStatus(entry))) {
+            traverseBundleDirectory(bundle, entry);
+        } else if (entry.extension() == ".slate") {
+            SLATE_LOG_DEBUG("Found slate file for bundle {}: {}", bundle.name, entry.string());
+            bundle.slate_files.push_back(std::move(entry));
+        }
+    }
+}
+
+std::optional<BundleConfig> FindBundle::findBundleFrom(fs::path const& path) {
+    bool const is_directory = fs::is_directory(pathStatus(path));
+    std::optional<fs::path> config;
+    if (is_directory || path.has_parent_path())
+        config = findConfigUpward(is_directory ? path : path.parent_path());
+    if (!config) {
+        SLATE_LOG_DEBUG("No bundle found from: {}", path.string());
+        return std::nullopt;
+    }
+    SLATE_LOG_DEBUG("Found bundle: {}", config->string());
+    return readBundleConfig(*config);
+}
+
+std::optional<BundleConfig> FindBundle::findBundle(std::string const& name,
+                                                   std::vector<std::string> const& paths) {
+    std::optional<BundleConfig> found;
+    auto const isWanted = [&](fs::path const& config) {
+        SLATE_LOG_DEBUG("Bundle found at: {}", config.string());
+        auto bundle = readBundleConfig(config);
+        if (bundle.name == name)
+            found = std::move(bundle);
+        return found.has_value();
+    };
+    for (fs::path const path : paths) {
+        if (auto const config = findSlateConfigInDirectory(path)) {
+            if (isWanted(*config))
+                return found;
+            continue;
+        }
+        for (auto const& entry : listDirectory(path)) {
+            auto const config = findConfigInEntry(entry);
+            if (config && isWanted(*config))
+                return found;
+        }
+    }
+    SLATE_LOG_DEBUG("No bundle found with name: {}", name);
+    return std::nullopt;
+}
+
+std::vector<BundleConfig> FindBundle::resolveBundleConfigFromPaths(std::vector<std::string> const& paths) {
+    std::vector<BundleConfig> bundles;
+    std::set<fs::path> seen;
+    auto const take = [&](fs::path const& config) {
+        if (!seen.insert(config).second)
+            return;
+        SLATE_LOG_DEBUG("Bundle found at: {}", config.string());
+        bundles.push_back(readBundleConfig(config));
+    };
+    for (fs::path const path : paths) {
+        SLATE_LOG_TRACE("Looking for bundles in {}", path.string());
+        if (auto const config = findSlateConfigInDirectory(path)) {
+            take(*config);
+            continue;
+        }
+        for (auto const& entry : listDirectory(path)) {
+            SLATE_LOG_TRACE("Iterating {}", entry.string());
+            if (auto const config = findConfigInEntry(entry))
+                take(*config);
+        }
+    }
+    return bundles;
+}
+
+} // namespace Slate::Bundle
