@@ -3,6 +3,7 @@
 #include "BundleText.h"
 #include "slate/FindBundle.h"
 #include "slate/SourceFile.h"
+#include "slate/testing/FileTrouble.h"
 #include "slate/testing/LogCapture.h"
 #include "slate/testing/TemporaryTree.h"
 
@@ -16,53 +17,8 @@
 
 namespace Slate::Bundle {
 
-/// Takes rights to a path away for as long as it lives; from the superuser too, who acts as another
-/// meanwhile.
-class Denied {
-  public:
-    explicit Denied(std::filesystem::path path, std::filesystem::perms left = std::filesystem::perms::none)
-        : path_(std::move(path)) {
-        rights_before_ = std::filesystem::status(path_).permissions();
-        std::filesystem::permissions(path_, left);
-        if (user_before_ == 0 && seteuid(nobody) != 0)
-            throw std::runtime_error("cannot act as another user");
-    }
-
-    ~Denied() {
-        std::error_code ignored;
-        if (user_before_ == 0 && seteuid(user_before_) != 0)
-            std::abort();
-        std::filesystem::permissions(path_, rights_before_, ignored);
-    }
-
-    Denied(Denied const&) = delete;
-    Denied& operator=(Denied const&) = delete;
-
-  private:
-    static constexpr uid_t nobody = 65534;
-
-    std::filesystem::path path_;
-    std::filesystem::perms rights_before_ = std::filesystem::perms::none;
-    uid_t user_before_ = geteuid();
-};
-
-/// "OPERATION PATH" for what the file system refused, else the text of the run-time error, else "nothing".
-inline std::string thrownBy(std::function<void()> const& call) {
-    try {
-        call();
-        return "nothing";
-    } catch (std::filesystem::filesystem_error const& error) {
-        std::string_view const introduction = "filesystem error: ";
-        std::string const text = error.what();
-        if (!text.starts_with(introduction))
-            return text;
-        auto const operation =
-            text.substr(introduction.size(), text.find(": ", introduction.size()) - introduction.size());
-        return operation + " " + error.path1().string();
-    } catch (std::runtime_error const& error) {
-        return error.what();
-    }
-}
+using Testing::Denied;
+using Testing::thrownBy;
 
 /// A tree with one bundle "Shapes" in `shapes`, and what each call throws on paths in it.
 class FileTrouble : public testing::Test {

@@ -70,8 +70,6 @@ TEST(SourceFile, MayHaveBlanksAndOtherLettersInItsName) {
 
 TEST(SourceFile, HoldsMoreThanItsSizeSays) {
     std::filesystem::path const status = "/proc/self/status";
-    if (!std::filesystem::exists(status))
-        GTEST_SKIP() << "no " << status;
     ASSERT_EQ(std::filesystem::file_size(status), 0U);
     EXPECT_THAT(readSourceFile(status), StartsWith("Name:"));
 }

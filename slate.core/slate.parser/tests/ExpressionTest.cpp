@@ -24,7 +24,6 @@ struct ExpressionRow {
     std::string expected;
 };
 
-// NOLINTNEXTLINE(readability-identifier-naming): called by that name
 void PrintTo(ExpressionRow const& row, std::ostream* out) { *out << row.name; }
 
 std::string nameOf(testing::TestParamInfo<ExpressionRow> const& instance) { return instance.param.name; }

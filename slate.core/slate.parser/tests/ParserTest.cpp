@@ -25,7 +25,6 @@ struct EndRow {
     std::string tree;
 };
 
-// NOLINTNEXTLINE(readability-identifier-naming): called by that name
 void PrintTo(EndRow const& row, std::ostream* out) { *out << row.name; }
 
 class TextEnds : public testing::TestWithParam<EndRow> {};

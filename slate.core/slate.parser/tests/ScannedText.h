@@ -40,7 +40,6 @@ struct ScannerRow {
 };
 
 /// For GoogleTest: prints a row by its name.
-// NOLINTNEXTLINE(readability-identifier-naming): called by that name
 inline void PrintTo(ScannerRow const& row, std::ostream* out) { *out << row.name; }
 
 } // namespace Slate::Testing

@@ -80,6 +80,9 @@ OperatorIndex::Places OperatorIndex::findCandidates(Group const& group, TypePtr 
         append(group.by_primitive_kind, static_cast<std::int32_t>(primitive->getKind()));
         if (primitive->getKind() == PrimitiveType::Kind::Int)
             append(group.by_primitive_kind, static_cast<std::int32_t>(PrimitiveType::Kind::Real));
+    } else if (first_operand->isInitializerType()) {
+        for (auto const& entry : group.by_model)
+            candidates.insert(candidates.end(), entry.second.begin(), entry.second.end());
     }
     std::ranges::sort(candidates);
     return candidates;

@@ -15,8 +15,8 @@ namespace Slate::Analysis {
 /// The operator overloads of a set of documents, found by operator and operand types.
 ///
 /// A look-up compares only the overloads whose first parameter can accept the first operand: those that ask
-/// for its primitive type, for its model or for one that this is assignable to, and all that ask for
-/// something else.
+/// for its primitive type, for its model or for one that this is assignable to (for any model, if it is an
+/// initializer), and all that ask for something else.
 class OperatorIndex {
   public:
     OperatorIndex() = default;

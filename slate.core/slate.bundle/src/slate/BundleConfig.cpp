@@ -65,7 +65,7 @@ class ConfigReader {
     /// A member with a type is a declaration, and not seen.
     VarAssignPtr findAssignment(std::string_view name) const {
         for (auto const& member : model_->getMembers()) {
-            auto const assignment = member->asVarAssignment();
+            auto assignment = member->asVarAssignment();
             if (assignment && !assignment->isDeclaration() && assignment->getName() == name)
                 return assignment;
         }

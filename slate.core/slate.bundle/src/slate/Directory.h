@@ -7,8 +7,8 @@
 
 namespace Slate::Bundle {
 
-/// False for a path with a NUL byte in it. Throws a `std::filesystem::filesystem_error` named "exists" on any failure
-/// but "not found".
+/// False for a path with a NUL byte in it. Throws a `std::filesystem::filesystem_error` named "exists" on any
+/// failure but "not found".
 bool pathExists(std::filesystem::path const& path);
 
 /// The status behind all links. Throws a `std::filesystem::filesystem_error` named "status" on any failure

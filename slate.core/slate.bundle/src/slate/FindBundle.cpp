@@ -75,7 +75,7 @@ std::optional<BundleConfig> FindBundle::findBundleFrom(fs::path const& path) {
 std::optional<BundleConfig> FindBundle::findBundle(std::string const& name,
                                                    std::vector<std::string> const& paths) {
     std::optional<BundleConfig> found;
-    auto const isWanted = [&](fs::path const& config) {
+    auto const is_wanted = [&](fs::path const& config) {
         SLATE_LOG_DEBUG("Bundle found at: {}", config.string());
         auto bundle = readBundleConfig(config);
         if (bundle.name == name)
@@ -84,13 +84,13 @@ std::optional<BundleConfig> FindBundle::findBundle(std::string const& name,
     };
     for (fs::path const path : paths) {
         if (auto const config = findSlateConfigInDirectory(path)) {
-            if (isWanted(*config))
+            if (is_wanted(*config))
                 return found;
             continue;
         }
         for (auto const& entry : listDirectory(path)) {
             auto const config = findConfigInEntry(entry);
-            if (config && isWanted(*config))
+            if (config && is_wanted(*config))
                 return found;
         }
     }

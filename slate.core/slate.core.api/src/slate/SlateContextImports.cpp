@@ -4,7 +4,6 @@
 #include "slate/Document.h"
 #include "slate/Import.h"
 #include "slate/LoadErrors.h"
-#include "slate/Log.h"
 #include "slate/SlateContextInternal.h"
 #include "slate/SourceFile.h"
 
@@ -35,22 +34,26 @@ void setImportedNamespace(Document& imported, Import const& import) {
 } // namespace
 
 // The path is used as it stands, so it is relative to the working directory of the process.
-void SlateContextInternal::parseImport(ImportPtr const& import, SharedBundle const& bundle) {
-    auto const path_text = Token::extractString(import->getPathToken());
+std::optional<std::string> SlateContextInternal::findImportedFile(Import const& import) {
+    auto path = Token::extractString(import.getPathToken());
+    if (Bundle::pathExists(path))
+        return path;
+    report<ImportedFileNotFound>(*error_reporter_, import, path);
+    return std::nullopt;
+}
+
+void SlateContextInternal::parseImport(ImportPtr const& import, std::string const& path_text,
+                                       SharedBundle const& bundle) {
     fs::path const path = path_text;
-    if (!Bundle::pathExists(path)) {
-        report<ImportedFileNotFound>(*error_reporter_, *import, path_text);
-        return;
-    }
-    SLATE_LOG_DEBUG("Parsing imported document {}", path_text);
     auto const plugin = plugins_.find(path.extension().string());
     if (!plugin) {
         report<NoPluginForImportedFile>(*error_reporter_, *import, path_text);
         return;
     }
 
-    auto source = plugin->keyShouldBeSource() ? readSourceFile(path) : std::string();
-    auto document = plugin->parse(plugin->keyShouldBeSource() ? source : path_text, import, *error_reporter_);
+    bool const wants_source = plugin->keyShouldBeSource();
+    auto source = wants_source ? readSourceFile(path) : std::string();
+    auto document = plugin->parse(wants_source ? source : path_text, import, *error_reporter_);
     if (!document)
         return;
     import->setDocument(document);

@@ -108,8 +108,13 @@ void SlateContextInternal::parseBundles(Bundle::BundleConfig const& bundle) {
         std::ranges::move(parseDocument(*context), std::back_inserter(imports));
         SLATE_LOG_DEBUG("Parsing complete of {}", context->path.string());
     }
-    for (auto const& import : imports)
-        parseImport(import, shared_bundle);
+    for (auto const& import : imports) {
+        auto const path = findImportedFile(*import);
+        if (!path)
+            continue;
+        SLATE_LOG_DEBUG("Parsing imported document {}", *path);
+        parseImport(import, *path, shared_bundle);
+    }
 }
 
 void SlateContextInternal::rebuildAnalysisContext() {

@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,7 +64,8 @@ class SlateContextInternal {
     DocPtr findDocument(std::string const& bundle_name, std::filesystem::path const& path) const;
     void readSources(SharedBundle const& bundle);
     std::vector<ImportPtr> parseDocument(DocumentContext& context);
-    void parseImport(ImportPtr const& import, SharedBundle const& bundle);
+    std::optional<std::string> findImportedFile(Import const& import);
+    void parseImport(ImportPtr const& import, std::string const& path_text, SharedBundle const& bundle);
 
     PluginTable plugins_;
     StringVector bundle_paths_;

@@ -75,7 +75,16 @@ NodePtr Document::nsLookup(std::string_view key) const {
         if (auto node = entry->second.lock())
             return node;
     }
-    return name_scope_ ? name_scope_->names->find(name_scope_->viewer, key) : nullptr;
+    NodePtr found;
+    for (auto const* scope = name_scope_.get(); scope != nullptr; scope = scope->earlier.get()) {
+        // An earlier scope gives way only to what is nearer.
+        auto nearer = scope->earlier ? scope->names->findNearer(scope->viewer, key) : nullptr;
+        if (nearer)
+            return nearer;
+        if (auto node = scope->names->find(scope->viewer, key))
+            found = std::move(node);
+    }
+    return found;
 }
 
 NodePtr Document::nsLookupConstOrVar(std::string_view key) const {
@@ -102,11 +111,17 @@ void Document::setNames(std::shared_ptr<NameTable const> names, NameTable const&
         if (auto const nearer = fresh.findNearer(namespace_segments_, key))
             node = nearer;
     }
-    name_scope_ = std::make_shared<NameScope const>(NameScope{std::move(names), namespace_segments_});
+    auto earlier = isScopeOfThisNamespace() ? name_scope_->earlier : name_scope_;
+    name_scope_ = std::make_shared<NameScope const>(
+        NameScope{std::move(names), namespace_segments_, std::move(earlier)});
 }
 
 std::shared_ptr<NameTable const> Document::getNames() const {
-    return name_scope_ ? name_scope_->names : nullptr;
+    return isScopeOfThisNamespace() ? name_scope_->names : nullptr;
+}
+
+bool Document::isScopeOfThisNamespace() const {
+    return name_scope_ && name_scope_->viewer == namespace_segments_;
 }
 
 void Document::appendToMembers(NodePtr member) {

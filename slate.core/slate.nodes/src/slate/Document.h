@@ -62,10 +62,10 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
     void clearNsCache();
 
     /// Makes all names of a table visible here as if each were offered by `cacheNsLookup` now. `names` goes
-    /// on from the table that was set before, if any, and `fresh` is what it has beyond that.
+    /// on from what `getNames` gives, if anything, and `fresh` is what it has beyond that.
     void setNames(std::shared_ptr<NameTable const> names, NameTable const& fresh);
 
-    /// The table set last; empty if none is.
+    /// The table set last; empty if none is, or if the namespace has changed since.
     std::shared_ptr<NameTable const> getNames() const;
 
     // The members: `Import`, `ModelDeclaration`, `OperatorOverload` and `VarAssignment`, in source order. A
@@ -91,6 +91,7 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
     void setSourceId(std::string const& source_id) { source_id_ = source_id; }
 
   private:
+    bool isScopeOfThisNamespace() const;
     void keepForNameTables(vec<NodePtr> removed);
 
     std::string source_id_;
@@ -98,10 +99,11 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
     MemberList members_;
     std::size_t revision_ = 0;
 
-    /// A table of names as seen from a namespace, which may have changed since.
+    /// A table of names as seen from a namespace, and what was set for another namespace before.
     struct NameScope {
         std::shared_ptr<NameTable const> names;
         std::vector<std::string> viewer;
+        std::shared_ptr<NameScope const> earlier;
     };
 
     std::shared_ptr<NameScope const> name_scope_;

@@ -9,14 +9,26 @@ namespace Slate {
 void NameTable::add(std::vector<std::string> const& ns, std::string const& name, NodePtr const& node) {
     auto const place = next_place_++;
     auto const namespace_index = indexOf(ns);
-    auto& entries = entries_by_full_name_[ns.empty() ? name : join(ns.begin(), ns.end(), ".") + "." + name];
-    auto const entry = std::ranges::find(entries, namespace_index, &Entry::namespace_index);
-    if (entry == entries.end()) {
-        entries.push_back({namespace_index, place, place, node, node});
+    addEntry(ns.empty() ? name : join(ns.begin(), ns.end(), ".") + "." + name,
+             {namespace_index, false, place, place, node, node});
+    // What is left of such a namespace behind all but its last segment is an empty text: it brings no dot.
+    if (!ns.empty() && ns.back().empty())
+        addEntry(ns.size() == 1 ? name : join(ns.begin(), ns.end() - 1, ".") + "." + name,
+                 {namespace_index, true, place, place, node, node});
+}
+
+void NameTable::addEntry(std::string const& full_name, Entry added) {
+    auto& entries = entries_by_full_name_[full_name];
+    auto const known = std::ranges::find_if(entries, [&added](Entry const& entry) {
+        return entry.namespace_index == added.namespace_index &&
+               entry.hides_blank_segment == added.hides_blank_segment;
+    });
+    if (known == entries.end()) {
+        entries.push_back(std::move(added));
         return;
     }
-    entry->last_place = place;
-    entry->last = node;
+    known->last_place = added.last_place;
+    known->last = std::move(added.last);
 }
 
 NodePtr NameTable::find(std::vector<std::string> const& viewer, std::string_view key) const {
@@ -87,8 +99,10 @@ NameTable::Match NameTable::match(std::vector<std::string> const& viewer, std::s
         if (entries == entries_by_full_name_.end())
             continue;
         for (auto const& entry : entries->second) {
-            auto const nearness = countCommonSegments(viewer, namespaces_[entry.namespace_index]);
-            if (nearness < shared)
+            auto const& ns = namespaces_[entry.namespace_index];
+            auto const nearness = countCommonSegments(viewer, ns);
+            bool const blank_is_left = shared + 1 == ns.size() && ns.back().empty();
+            if (nearness < shared || entry.hides_blank_segment != blank_is_left)
                 continue;
             if (best.first == nullptr || entry.first_place < best.first->first_place)
                 best.first = &entry;

@@ -46,6 +46,7 @@ class NameTable {
     /// The first and the last node of one name in one namespace, with their places in the order of `add`.
     struct Entry {
         std::size_t namespace_index;
+        bool hides_blank_segment; // stands under its name without the empty last segment of the namespace
         std::size_t first_place;
         std::size_t last_place;
         std::weak_ptr<Node> first;
@@ -58,6 +59,7 @@ class NameTable {
         Entry const* last_nearer = nullptr;
     };
 
+    void addEntry(std::string const& full_name, Entry added);
     std::size_t indexOf(std::vector<std::string> const& ns);
     Match match(std::vector<std::string> const& viewer, std::string_view key) const;
 
