@@ -26,7 +26,7 @@ function(slate_test)
   target_link_libraries(${arg_NAME}.test PRIVATE slate-core slate.testing GTest::gtest GTest::gmock
                                                  GTest::gtest_main spdlog::spdlog fmt::fmt)
   target_compile_definitions(${arg_NAME}.test PRIVATE SLATE_CASES="${CMAKE_CURRENT_SOURCE_DIR}/tests/cases")
-  slate_set_warnings(${arg_NAME}.test)
+  slate_set_warnings(${arg_NAME}.test TESTS)
   gtest_discover_tests(${arg_NAME}.test TEST_PREFIX ${arg_NAME}. DISCOVERY_MODE PRE_TEST
                        PROPERTIES TIMEOUT 300)
 endfunction()

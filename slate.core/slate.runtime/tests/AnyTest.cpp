@@ -94,14 +94,15 @@ std::vector<ReaderRow> const reader_rows{
 };
 
 TEST(Any, ReadersRefuseAllOtherKinds) {
-    for (auto const& [reads, read, complaint] : reader_rows) {
+    for (auto const& reader : reader_rows) {
         for (auto const& row : kind_rows) {
             bool const is_readable =
-                row.type == reads || (row.type == AnyType::Int && reads == AnyType::Real);
+                row.type == reader.reads || (row.type == AnyType::Int && reader.reads == AnyType::Real);
             if (is_readable)
-                EXPECT_NO_THROW(read(row.value)) << row.name << ": " << complaint;
+                EXPECT_NO_THROW(reader.read(row.value)) << row.name << ": " << reader.complaint;
             else
-                EXPECT_THAT([&] { read(row.value); }, ThrowsMessage<std::runtime_error>(complaint))
+                EXPECT_THAT([&] { reader.read(row.value); },
+                            ThrowsMessage<std::runtime_error>(reader.complaint))
                     << row.name;
         }
     }
@@ -145,7 +146,8 @@ TEST(Any, ArraysAreEqualElementByElement) {
 
 TEST(Any, NotANumberEqualsItselfByAddressAlone) {
     Any const any(std::nan(""));
-    auto const copy = any;
+    Any copy;
+    copy = any;
     auto const& same = any;
     EXPECT_TRUE(any == same);
     EXPECT_FALSE(any == copy);
@@ -153,7 +155,8 @@ TEST(Any, NotANumberEqualsItselfByAddressAlone) {
 
 TEST(Any, CopiesShareObjectsAndNothingElse) {
     auto const array = arrayOf({Any::fromString("a"), Any(object)});
-    auto const copy = array;
+    Any copy;
+    copy = array;
     EXPECT_NE(&array.asArray(), &copy.asArray());
     EXPECT_EQ(copy.asArray().back().asObject(), object);
     EXPECT_EQ(array, copy);

@@ -78,7 +78,7 @@ void AnalysisContext::cacheNsLookups() {
     forEachDocument([&](DocPtr const& document) { addNames(*fresh, *document); });
 
     std::unordered_map<NameTable const*, std::shared_ptr<NameTable const>> continued{{nullptr, fresh}};
-    auto const goOnFrom = [&](NameTable const* earlier) {
+    auto const go_on_from = [&](NameTable const* earlier) {
         auto& names = continued[earlier];
         if (!names) {
             auto longer = std::make_shared<NameTable>(*earlier);
@@ -92,7 +92,7 @@ void AnalysisContext::cacheNsLookups() {
     forEachDocument([&](DocPtr const& document) {
         auto const [first, is_new] = first_of_namespace.try_emplace(document->joinNamespace("."), document);
         if (is_new)
-            document->setNames(goOnFrom(document->getNames().get()), *fresh);
+            document->setNames(go_on_from(document->getNames().get()), *fresh);
         else
             document->copyNsCacheFrom(*first->second);
     });

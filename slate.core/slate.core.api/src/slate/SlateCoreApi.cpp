@@ -29,7 +29,7 @@ DocDocListPair parseFromString(std::string const& slate_string, SlateContext& sl
     return withAllDocuments(std::move(document), context);
 }
 
-void registerPlugin(std::shared_ptr<Plugin> plugin, SlateContext& slate_context) {
+void registerPlugin(std::shared_ptr<Plugin> const& plugin, SlateContext& slate_context) {
     slate_context.getInternal().registerPlugin(plugin);
 }
 

@@ -25,7 +25,7 @@ DocDocListPair parseFromFile(std::filesystem::path const& slate_file, SlateConte
 DocDocListPair parseFromString(std::string const& slate_string, SlateContext& slate_context);
 
 /// The plug-in serves imports of later loads.
-void registerPlugin(std::shared_ptr<Plugin> plugin, SlateContext& slate_context);
+void registerPlugin(std::shared_ptr<Plugin> const& plugin, SlateContext& slate_context);
 
 /// One entry a registered extension.
 PluginVector getRegisteredPlugins(SlateContext& slate_context);
