@@ -98,12 +98,13 @@ TEST(Any, ReadersRefuseAllOtherKinds) {
         for (auto const& row : kind_rows) {
             bool const is_readable =
                 row.type == reader.reads || (row.type == AnyType::Int && reader.reads == AnyType::Real);
-            if (is_readable)
+            if (is_readable) {
                 EXPECT_NO_THROW(reader.read(row.value)) << row.name << ": " << reader.complaint;
-            else
+            } else {
                 EXPECT_THAT([&] { reader.read(row.value); },
                             ThrowsMessage<std::runtime_error>(reader.complaint))
                     << row.name;
+            }
         }
     }
 }
