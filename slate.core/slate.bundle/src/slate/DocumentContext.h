@@ -10,7 +10,8 @@
 
 namespace Slate {
 
-/// One source that a context knows.
+/// One source that a context knows. A document that nobody holds any more when this goes, or when it is
+/// replaced, is unbound, so that what is left of it answers as it was written.
 struct DocumentContext {
     DocumentContext(std::string s, std::filesystem::path p, std::shared_ptr<Bundle::BundleConfig const> b)
         : bundle(std::move(b)), path(std::move(p)), source(std::move(s)) {}
@@ -19,6 +20,13 @@ struct DocumentContext {
     DocumentContext(std::string s, std::filesystem::path p, std::shared_ptr<Bundle::BundleConfig const> b,
                     DocPtr d)
         : bundle(std::move(b)), path(std::move(p)), source(std::move(s)), document(std::move(d)) {}
+
+    ~DocumentContext() { replaceDocument(nullptr); }
+
+    DocumentContext(DocumentContext const&) = delete;
+    DocumentContext& operator=(DocumentContext const&) = delete;
+
+    void replaceDocument(DocPtr replacement);
 
     /// The bundle that the source belongs to, as it stood when this was made; shared by its sources.
     std::shared_ptr<Bundle::BundleConfig const> bundle;

@@ -13,6 +13,14 @@ Annotation::Annotation(CreateKey, Token&& name_token, ExpressionPtr&& value)
 
 void Annotation::accept(NodeVisitor& visitor) { visitor.visitAnnotation(shared_from_this()); }
 
+AnnotationPtr Annotation::copy() const {
+    auto result = create(name_token_, value_ ? value_->cloneWith(Expression::Spans::OfSources) : nullptr);
+    result->owning_document_ = owning_document_;
+    result->owning_model_ = owning_model_;
+    result->owner_ = owner_;
+    return result;
+}
+
 void Annotation::unbind() {
     owning_document_.reset();
     owning_model_.reset();

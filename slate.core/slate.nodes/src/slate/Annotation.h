@@ -16,6 +16,9 @@ class Annotation : public Node, public std::enable_shared_from_this<Annotation> 
     void accept(NodeVisitor& visitor) override;
     void unbind() override;
 
+    /// A valid copy with the same document, model and owner; the value is unbound and keeps its span.
+    AnnotationPtr copy() const;
+
     Token const& getNameToken() const { return name_token_; }
 
     std::string const& getName() const { return name_token_.lexeme; }

@@ -14,8 +14,8 @@ Array::Array(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_token, Token
 
 void Array::accept(NodeVisitor& visitor) { visitor.visitArray(shared_from_this()); }
 
-ExpressionPtr Array::cloneLink(ExpressionPtr /*chain_operand*/) const {
-    return create(cloneElements(), getFirstToken(), getLastToken());
+ExpressionPtr Array::cloneLink(ExpressionPtr /*chain_operand*/, Spans spans) const {
+    return create(cloneElements(spans), getFirstToken(), getLastToken());
 }
 
 } // namespace Slate

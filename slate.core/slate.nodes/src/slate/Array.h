@@ -16,7 +16,7 @@ class Array : public ElementList, public std::enable_shared_from_this<Array> {
     void accept(NodeVisitor& visitor) override;
 
   protected:
-    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 };
 
 } // namespace Slate

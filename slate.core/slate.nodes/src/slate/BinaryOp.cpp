@@ -21,8 +21,8 @@ void BinaryOp::unbindLink() {
     rhs_->unbind();
 }
 
-ExpressionPtr BinaryOp::cloneLink(ExpressionPtr chain_operand) const {
-    return create(std::move(chain_operand), rhs_->clone(), operator_token_);
+ExpressionPtr BinaryOp::cloneLink(ExpressionPtr chain_operand, Spans spans) const {
+    return create(std::move(chain_operand), rhs_->cloneWith(spans), operator_token_);
 }
 
 } // namespace Slate

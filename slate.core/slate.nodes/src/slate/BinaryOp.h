@@ -33,7 +33,7 @@ class BinaryOp : public Expression, public std::enable_shared_from_this<BinaryOp
 
   protected:
     void unbindLink() override;
-    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
     ExpressionPtr takeChainOperand() override { return std::move(lhs_); }
 

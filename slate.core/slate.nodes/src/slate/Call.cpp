@@ -19,11 +19,11 @@ void Call::unbindLink() {
         argument->unbind();
 }
 
-ExpressionPtr Call::cloneLink(ExpressionPtr chain_operand) const {
+ExpressionPtr Call::cloneLink(ExpressionPtr chain_operand, Spans spans) const {
     vec<ExpressionPtr> arguments;
     arguments.reserve(arguments_.size());
     for (auto const& argument : arguments_)
-        arguments.push_back(argument->clone());
+        arguments.push_back(argument->cloneWith(spans));
     return create(std::move(chain_operand), std::move(arguments));
 }
 

@@ -31,7 +31,7 @@ class Call : public Expression, public std::enable_shared_from_this<Call> {
 
   protected:
     void unbindLink() override;
-    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
     ExpressionPtr takeChainOperand() override { return std::move(callee_); }
 

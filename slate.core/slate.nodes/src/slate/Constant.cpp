@@ -18,6 +18,8 @@ std::string Constant::getStringValue() const { return Token::extractString(token
 
 void Constant::unbindLink() { declaration_.reset(); }
 
-ExpressionPtr Constant::cloneLink(ExpressionPtr /*chain_operand*/) const { return create(token_); }
+ExpressionPtr Constant::cloneLink(ExpressionPtr /*chain_operand*/, Spans /*spans*/) const {
+    return create(token_);
+}
 
 } // namespace Slate

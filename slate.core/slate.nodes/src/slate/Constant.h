@@ -27,7 +27,7 @@ class Constant : public Expression, public std::enable_shared_from_this<Constant
 
   protected:
     void unbindLink() override;
-    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
   private:
     Token const token_;

@@ -68,6 +68,8 @@ void Document::cacheNsLookup(std::string const& key, NodePtr const& node, DocPtr
     auto const nearness_of_key = NameTable::countCommonSegments(namespace_segments_, key);
     if (nearness_of_key < nearness_of_offer || !nsLookup(key))
         ns_cache_.insert_or_assign(key, node);
+    auto const dots = static_cast<std::size_t>(std::ranges::count(key, '.'));
+    dots_of_longest_key_ = std::max(dots_of_longest_key_, dots);
 }
 
 NodePtr Document::nsLookup(std::string_view key) const {
@@ -87,6 +89,13 @@ NodePtr Document::nsLookup(std::string_view key) const {
     return found;
 }
 
+std::size_t Document::countDotsOfLongestName() const {
+    auto dots = dots_of_longest_key_;
+    for (auto const* scope = name_scope_.get(); scope != nullptr; scope = scope->earlier.get())
+        dots = std::max(dots, scope->names->countDotsOfLongestName());
+    return dots;
+}
+
 NodePtr Document::nsLookupConstOrVar(std::string_view key) const {
     auto node = nsLookup(key);
     if (!node)
@@ -97,11 +106,13 @@ NodePtr Document::nsLookupConstOrVar(std::string_view key) const {
 
 void Document::copyNsCacheFrom(Document const& other) {
     ns_cache_ = other.ns_cache_;
+    dots_of_longest_key_ = other.dots_of_longest_key_;
     name_scope_ = other.name_scope_;
 }
 
 void Document::clearNsCache() {
     ns_cache_.clear();
+    dots_of_longest_key_ = 0;
     name_scope_.reset();
     removed_members_.clear();
 }

@@ -56,6 +56,9 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
     /// The cached node; empty if there is none, or if its tree is gone.
     NodePtr nsLookup(std::string_view key) const;
 
+    /// No key with more dots than this is cached.
+    std::size_t countDotsOfLongestName() const;
+
     /// The cached node if it is a top-level variable or a const model, else empty.
     NodePtr nsLookupConstOrVar(std::string_view key) const;
     void copyNsCacheFrom(Document const& other);
@@ -77,6 +80,9 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
     std::size_t getRevision() const { return revision_; }
 
     vec<NodePtr> const& getMembers() const { return members_.getAll(); }
+
+    /// What was removed while names were set, and is kept until they are cleared: names still lead to it.
+    vec<NodePtr> const& getRemovedMembers() const { return removed_members_; }
 
     void removeMember(NodePtr const& member);
     void removeInvalidMembers();
@@ -111,6 +117,7 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
     /// What was offered one by one; goes before the table. Weak, as the table is: documents name one
     /// another's nodes.
     StringMap<std::weak_ptr<Node>> ns_cache_;
+    std::size_t dots_of_longest_key_ = 0; // of those in `ns_cache_`
 
     /// What was removed from the members while name tables may know it: these answer as things were when they
     /// were filled.

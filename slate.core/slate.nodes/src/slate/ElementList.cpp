@@ -14,11 +14,11 @@ void ElementList::unbindLink() {
         element->unbind();
 }
 
-vec<ExpressionPtr> ElementList::cloneElements() const {
+vec<ExpressionPtr> ElementList::cloneElements(Spans spans) const {
     vec<ExpressionPtr> clones;
     clones.reserve(elements_.size());
     for (auto const& element : elements_)
-        clones.push_back(element->clone());
+        clones.push_back(element->cloneWith(spans));
     return clones;
 }
 

@@ -13,7 +13,7 @@ class ElementList : public Expression {
     ElementList(NodeType node_type, vec<ExpressionPtr>&& elements, Token&& open_token, Token&& close_token);
 
     void unbindLink() override;
-    vec<ExpressionPtr> cloneElements() const;
+    vec<ExpressionPtr> cloneElements(Spans spans) const;
 
   private:
     vec<ExpressionPtr> const elements_;

@@ -11,15 +11,30 @@ Token const no_token;
 
 } // namespace
 
-ExpressionPtr Expression::clone() const {
+ExpressionPtr Expression::cloneWith(Spans spans) const {
     vec<Expression const*> chain;
     for (Expression const* link = this; link != nullptr; link = link->getChainOperand().get())
         chain.push_back(link);
 
     ExpressionPtr copy;
-    for (auto link = chain.rbegin(); link != chain.rend(); ++link)
-        copy = (*link)->cloneLink(std::move(copy));
+    for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
+        copy = (*link)->cloneLink(std::move(copy), spans);
+        if (spans == Spans::OfSources)
+            copy->setSpanOf(**link);
+    }
     return copy;
+}
+
+void Expression::setSpanOf(Expression const& source) {
+    // A chain shares its first token from link to link.
+    auto const& operand = getChainOperand();
+    auto const& source_operand = source.getChainOperand();
+    if (operand && source_operand && source.first_token_ == source_operand->first_token_)
+        setFirstTokenFrom(*operand);
+    else if (getFirstToken() != source.getFirstToken())
+        setFirstToken(source.getFirstToken());
+    if (getLastToken() != source.getLastToken())
+        setLastToken(source.getLastToken());
 }
 
 void Expression::unbind() {

@@ -15,7 +15,12 @@ class Expression : public Node {
   public:
     /// A new, unbound expression of the same class, with clones of all operands and the same tokens. The span
     /// of a cloned `BinaryOp`, `Call`, `MemberAccess` or `Indexing` is not set.
-    ExpressionPtr clone() const;
+    ExpressionPtr clone() const { return cloneWith(Spans::OfFactories); }
+
+    /// What spans the nodes of a clone have: those that the factories set, or those of their sources.
+    enum class Spans { OfFactories, OfSources };
+
+    ExpressionPtr cloneWith(Spans spans) const;
 
     /// Loops along the chain.
     void unbind() final;
@@ -58,7 +63,7 @@ class Expression : public Node {
     virtual void unbindLink() = 0;
 
     /// Clones this expression onto a clone of its chain operand (empty if it has none).
-    virtual ExpressionPtr cloneLink(ExpressionPtr chain_operand) const = 0;
+    virtual ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const = 0;
 
     /// Gives the chain operand away, for destruction.
     virtual ExpressionPtr takeChainOperand() { return {}; }
@@ -68,6 +73,9 @@ class Expression : public Node {
     static void releaseChain(ExpressionPtr operand);
 
   private:
+    /// Takes the span over from `source`, of which this is a clone.
+    void setSpanOf(Expression const& source);
+
     TypeLink type_;
     SpanToken first_token_;
     SpanToken last_token_;

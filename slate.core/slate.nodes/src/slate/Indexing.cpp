@@ -15,8 +15,8 @@ void Indexing::accept(NodeVisitor& visitor) { visitor.visitIndexing(shared_from_
 
 void Indexing::unbindLink() { index_->unbind(); }
 
-ExpressionPtr Indexing::cloneLink(ExpressionPtr chain_operand) const {
-    return create(std::move(chain_operand), index_->clone());
+ExpressionPtr Indexing::cloneLink(ExpressionPtr chain_operand, Spans spans) const {
+    return create(std::move(chain_operand), index_->cloneWith(spans));
 }
 
 } // namespace Slate

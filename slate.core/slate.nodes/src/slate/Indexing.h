@@ -26,7 +26,7 @@ class Indexing : public Expression, public std::enable_shared_from_this<Indexing
 
   protected:
     void unbindLink() override;
-    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
     ExpressionPtr takeChainOperand() override { return std::move(lhs_); }
 

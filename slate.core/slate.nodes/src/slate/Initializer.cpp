@@ -15,8 +15,8 @@ Initializer::Initializer(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_
 
 void Initializer::accept(NodeVisitor& visitor) { visitor.visitInitializer(shared_from_this()); }
 
-ExpressionPtr Initializer::cloneLink(ExpressionPtr /*chain_operand*/) const {
-    return create(cloneElements(), getFirstToken(), getLastToken());
+ExpressionPtr Initializer::cloneLink(ExpressionPtr /*chain_operand*/, Spans spans) const {
+    return create(cloneElements(spans), getFirstToken(), getLastToken());
 }
 
 } // namespace Slate

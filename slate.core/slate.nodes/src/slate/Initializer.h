@@ -16,7 +16,7 @@ class Initializer : public ElementList, public std::enable_shared_from_this<Init
     void accept(NodeVisitor& visitor) override;
 
   protected:
-    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 };
 
 } // namespace Slate

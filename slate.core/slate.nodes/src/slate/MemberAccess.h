@@ -44,7 +44,7 @@ class MemberAccess : public Expression, public std::enable_shared_from_this<Memb
 
   protected:
     void unbindLink() override;
-    ExpressionPtr cloneLink(ExpressionPtr chain_operand) const override;
+    ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
     ExpressionPtr takeChainOperand() override { return std::move(lhs_); }
 

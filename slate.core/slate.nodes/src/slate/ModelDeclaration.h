@@ -134,14 +134,28 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
         topological_sort_ = std::move(topological_sort);
     }
 
+    // What a pass finds that walks the members; it begins with an empty record.
+
+    void clearNewSymbols() { new_symbols_.clear(); }
+
+    void clearExtendedSymbols() { extended_symbols_.clear(); }
+
     /// Records that this model introduces the symbol path.
     void setIsNewSymbol(std::string const& symbol_path, NodePtr const& symbol);
+
+    /// What `setIsNewSymbol` has recorded, in no particular order.
+    StringMap<std::weak_ptr<Node>> const& getNewSymbols() const { return new_symbols_; }
 
     /// Does this model or one that it extends introduce the path? Traits are not asked.
     bool hasNewSymbol(std::string_view symbol_path) const;
 
     /// Records that this model takes the symbol path over from its parent and changes it.
     void setIsExtendedSymbol(std::string const& symbol_path);
+
+    /// What `setIsExtendedSymbol` has recorded, in no particular order.
+    StringSet const& getExtendedSymbols() const { return extended_symbols_; }
+
+    /// Does this model or one that it extends take over and change the path?
     bool isExtendedSymbol(std::string_view symbol_path) const;
 
     /// The attribute that this model or the nearest one that it extends introduces under the path, or empty.
@@ -154,6 +168,9 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
 
     // The search for members by name. A method has its name, an attribute of one segment that segment; an
     // attribute with a longer path is not found. Own members come first, then those of the parent, and so on.
+
+    /// Of this model alone.
+    NodePtr findFirstOwnMemberOfType(std::string_view name, NodeType type) const;
 
     NodePtr findFirstMember(std::string_view name) const;
     NodePtr findFirstMemberOfType(std::string_view name, NodeType type) const;
@@ -187,6 +204,10 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     /// model met again on the way adds nothing.
     bool isEmpty() const;
 
+    /// Is nothing of this model's own to be instantiated? Adds the models to `models_to_check` that have to
+    /// be empty as well for it to be empty.
+    bool isEmptyInItself(vec<ModelDeclaration const*>& models_to_check) const;
+
     /// May an initializer build this model: no nested declarations in it or its parents.
     bool isInitializable() const;
 
@@ -215,7 +236,6 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     template <typename StopAt>
     bool findAssignable(StopAt stop_at) const;
     VarAssignPtr findNewAttribute(std::string_view symbol_path) const;
-    bool isEmptyInItself(vec<ModelDeclaration const*>& types_to_check) const;
     bool isAddedByCollapse(NodePtr const& member) const;
 
     Token const qualifier_token_;

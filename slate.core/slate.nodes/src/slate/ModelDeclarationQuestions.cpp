@@ -68,16 +68,15 @@ vec<ModelDeclaration const*> ModelDeclaration::collectAssignableModels() const {
     return models;
 }
 
-/// Looks at this model alone and adds to `types_to_check` the models that have to be empty as well.
-bool ModelDeclaration::isEmptyInItself(vec<ModelDeclaration const*>& types_to_check) const {
+bool ModelDeclaration::isEmptyInItself(vec<ModelDeclaration const*>& models_to_check) const {
     if (!isValid())
         return false;
     if (auto const* extended = parent(); extended != nullptr && extended->isValid())
-        types_to_check.push_back(extended);
+        models_to_check.push_back(extended);
 
     if (!std::ranges::all_of(traits_, [](TraitImplPtr const& trait) { return trait->isValid(); }))
         return false;
-    std::ranges::copy(traitModels(), std::back_inserter(types_to_check));
+    std::ranges::copy(traitModels(), std::back_inserter(models_to_check));
 
     return std::ranges::all_of(getMembers(), [&](NodePtr const& member) {
         auto const attribute = member->asVarAssignment();
@@ -87,7 +86,7 @@ bool ModelDeclaration::isEmptyInItself(vec<ModelDeclaration const*>& types_to_ch
         auto const model = type ? type->asModelDeclaration() : nullptr;
         if (!model || attribute->getValue() || !attribute->getMembers().empty())
             return false;
-        types_to_check.push_back(model.get());
+        models_to_check.push_back(model.get());
         return true;
     });
 }

@@ -34,11 +34,13 @@ NodePtr ModelDeclaration::findFirstMember(std::string_view name) const {
     });
 }
 
+NodePtr ModelDeclaration::findFirstOwnMemberOfType(std::string_view name, NodeType type) const {
+    return members_.findFirst(name, [type](Node const& member) { return member.getNodeType() == type; });
+}
+
 NodePtr ModelDeclaration::findFirstMemberOfType(std::string_view name, NodeType type) const {
-    return findAlongExtends([name, type](ModelDeclaration const& model) {
-        return model.members_.findFirst(name,
-                                        [type](Node const& member) { return member.getNodeType() == type; });
-    });
+    return findAlongExtends(
+        [name, type](ModelDeclaration const& model) { return model.findFirstOwnMemberOfType(name, type); });
 }
 
 NodePtr ModelDeclaration::findFirstMemberExcludeType(std::string_view name, NodeType type) const {

@@ -18,6 +18,8 @@ void NameTable::add(std::vector<std::string> const& ns, std::string const& name,
 }
 
 void NameTable::addEntry(std::string const& full_name, Entry added) {
+    auto const dots = static_cast<std::size_t>(std::ranges::count(full_name, '.'));
+    dots_of_longest_name_ = std::max(dots_of_longest_name_, dots);
     auto& entries = entries_by_full_name_[full_name];
     auto const known = std::ranges::find_if(entries, [&added](Entry const& entry) {
         return entry.namespace_index == added.namespace_index &&

@@ -29,6 +29,9 @@ class NameTable {
     /// Only what would replace an answer that is known already.
     NodePtr findNearer(std::vector<std::string> const& viewer, std::string_view key) const;
 
+    /// The dots of the name, namespace included, that holds most of them: no key with more is known.
+    std::size_t countDotsOfLongestName() const { return dots_of_longest_name_; }
+
     /// The namespaces under which a name of `source` can be reached from `target`, nearest first: what is
     /// left of the source's namespace behind each leading run that it shares with the target's, joined by
     /// ".".
@@ -67,6 +70,7 @@ class NameTable {
     StringMap<std::vector<std::size_t>> namespaces_by_text_; // more than one if a segment holds a dot
     StringMap<std::vector<Entry>> entries_by_full_name_;
     std::size_t next_place_ = 0;
+    std::size_t dots_of_longest_name_ = 0;
 };
 
 } // namespace Slate

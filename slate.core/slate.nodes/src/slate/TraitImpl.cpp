@@ -24,6 +24,10 @@ void TraitImpl::accept(NodeVisitor& visitor) { visitor.visitTraitImpl(shared_fro
 void TraitImpl::unbind() {
     trait_declaration_.reset();
     owning_model_.reset();
+    clearCopies();
+}
+
+void TraitImpl::clearCopies() {
     annotations_.clear();
     members_.clear();
     // Entry by entry: the chain is as long as traits extend one another.

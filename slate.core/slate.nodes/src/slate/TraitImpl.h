@@ -35,6 +35,9 @@ class TraitImpl : public Node, public std::enable_shared_from_this<TraitImpl> {
 
     void setOwningModel(ModelDeclPtr const& owning_model) { owning_model_ = owning_model; }
 
+    /// Empties the entry of all that was copied into it.
+    void clearCopies();
+
     /// The entry for what the trait itself extends; empty without one.
     TraitImplPtr const& getNestedTrait() const { return nested_trait_; }
 

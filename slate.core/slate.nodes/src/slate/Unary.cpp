@@ -21,8 +21,8 @@ void Unary::unbindLink() {
     operand_->unbind();
 }
 
-ExpressionPtr Unary::cloneLink(ExpressionPtr /*chain_operand*/) const {
-    return create(operator_token_, operand_->clone());
+ExpressionPtr Unary::cloneLink(ExpressionPtr /*chain_operand*/, Spans spans) const {
+    return create(operator_token_, operand_->cloneWith(spans));
 }
 
 } // namespace Slate

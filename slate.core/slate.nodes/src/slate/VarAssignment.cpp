@@ -43,6 +43,34 @@ void VarAssignment::unbind() {
         member->unbind();
     if (value_)
         value_->unbind();
+    supplied_value_.reset();
+}
+
+VarAssignPtr VarAssignment::copy() const {
+    auto const copy_expression = [](ExpressionPtr const& expression) {
+        return expression ? expression->cloneWith(Expression::Spans::OfSources) : nullptr;
+    };
+    vec<AnnotationPtr> annotations;
+    annotations.reserve(annotations_.size());
+    for (auto const& annotation : annotations_)
+        annotations.push_back(annotation->copy());
+    vec<VarAssignPtr> members;
+    members.reserve(members_.size());
+    for (auto const& member : members_)
+        members.push_back(member->copy());
+
+    auto result = create(segments_, operator_token_, type_segments_, std::move(annotations),
+                         std::move(members), copy_expression(value_));
+    result->supplied_value_ = copy_expression(supplied_value_);
+    result->type_ = type_;
+    result->owning_document_ = owning_document_;
+    result->owning_model_ = owning_model_;
+    result->parent_ = parent_;
+    for (auto const& annotation : result->annotations_)
+        annotation->setOwner(result);
+    for (auto const& member : result->members_)
+        member->setParent(result);
+    return result;
 }
 
 std::string VarAssignment::getName() const { return segmentsAsString(segments_); }
@@ -73,9 +101,13 @@ std::string VarAssignment::getSourceId() const {
 }
 
 TypePtr VarAssignment::getType() const {
+    return getTypeOfSegment(target_declarations_.empty() ? 0 : target_declarations_.size() - 1);
+}
+
+TypePtr VarAssignment::getTypeOfSegment(std::size_t index) const {
     if (auto type = type_.get())
         return type;
-    auto const target = target_declarations_.empty() ? nullptr : target_declarations_.back().lock();
+    auto const target = index < target_declarations_.size() ? target_declarations_[index].lock() : nullptr;
     return target ? target->type_.get() : nullptr;
 }
 

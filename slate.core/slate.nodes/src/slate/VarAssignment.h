@@ -36,8 +36,19 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     /// The nested attributes of the indented body.
     vec<VarAssignPtr> const& getMembers() const { return members_; }
 
-    /// The expression behind the colon; empty without one.
-    ExpressionPtr const& getValue() const { return value_; }
+    /// The expression behind the colon, else the supplied value; empty without both.
+    ExpressionPtr const& getValue() const { return value_ ? value_ : supplied_value_; }
+
+    /// Gives an attribute without value one that no source holds; `unbind` takes it away again.
+    void setSuppliedValue(ExpressionPtr value) { supplied_value_ = std::move(value); }
+
+    /// Is the value, if there is one, a supplied one?
+    bool isValueSupplied() const { return !value_ && supplied_value_; }
+
+    /// A copy with all that it holds and all that is bound to this node but the target declarations. Nested
+    /// attributes are copied with their copy as the enclosing one, annotations with their copy as the owner,
+    /// and expressions unbound. All copies are valid, and expressions keep their spans.
+    VarAssignPtr copy() const;
 
     std::string getName() const;
     std::string getNameUpTo(std::size_t index) const;
@@ -49,12 +60,21 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     /// From the owning document, else the owning model, else the enclosing attribute; empty without any.
     std::string getSourceId() const;
 
+    /// The bound type of the attribute's own; empty for a plain assignment.
+    TypePtr getOwnType() const { return type_.get(); }
+
     /// The bound type, else that of the last of the target declarations; empty without both.
     TypePtr getType() const;
     void setType(TypePtr const& type);
 
+    /// The bound type, else that of the target declaration at `index`; empty without both.
+    TypePtr getTypeOfSegment(std::size_t index) const;
+
     /// The declarations reached along the target path, one a segment, outermost first.
     vec<VarAssignPtr> getTargetDeclarations() const;
+
+    bool hasTargetDeclarations() const { return !target_declarations_.empty(); }
+
     void setTargetDeclarations(vec<VarAssignPtr> const& target_declarations);
 
     DocPtr getOwningDocument() const { return owning_document_.lock(); }
@@ -96,6 +116,7 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     vec<AnnotationPtr> const annotations_;
     vec<VarAssignPtr> const members_;
     ExpressionPtr const value_;
+    ExpressionPtr supplied_value_;
     std::weak_ptr<Document> owning_document_;
     std::weak_ptr<ModelDeclaration> owning_model_;
     std::weak_ptr<VarAssignment> parent_;

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "slate/NodeTypes.h"
+#include "slate/Token.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace Slate {
+
+/// The names of a chain of member accesses that begins at a name, `a.b.c`; none if it begins at anything
+/// else, say a call.
+std::optional<vec<Token const*>> namePathOf(MemberAccess const& access);
+
+/// The first `count` names joined by ".".
+std::string joinNames(vec<Token const*> const& names, std::size_t count);
+
+} // namespace Slate

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "slate/Link.h"
+#include "slate/Token.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+namespace Slate {
+
+/// One step of a path through an unfolded model.
+///
+/// A type step is a model or a trait, through which what follows is inherited. Every other step is a member
+/// step: one segment of an attribute's target path, or an annotation. A step does not keep its node alive;
+/// once the node's tree is gone the step answers as one without a node.
+class PathStep {
+  public:
+    /// `index` is the place of the segment in the target path of an attribute, 1 for an annotation.
+    PathStep(NodePtr const& node, std::string name, std::size_t index);
+
+    NodePtr getNode() const { return node_.lock(); }
+
+    /// The type of what the segment leads to, as seen from the root of the path; empty until set.
+    TypePtr getOuterType() const { return outer_type_.get(); }
+
+    void setOuterType(TypePtr const& outer_type) { outer_type_.set(outer_type); }
+
+    /// The name of the segment; empty for a type step.
+    std::string const& getName() const { return name_; }
+
+    std::size_t getIndex() const { return index_; }
+
+    /// The name in the source; for an attribute its segment at `index`, without a node `None`.
+    Token getToken() const;
+
+    /// The document in which the step is written; for a trait that of the model that says `with`.
+    DocPtr getDocument() const;
+
+    /// Of that document; "<null>" without one.
+    std::string getSourceId() const;
+
+    /// A model is its own, a trait has its target, an annotation that of its value, an attribute the bound
+    /// one or that of its target declaration at `index`.
+    TypePtr getType() const;
+
+    /// The value of an attribute; empty for all else.
+    ExpressionPtr getExpression() const;
+
+    /// For a model its name with namespace, else `getName`.
+    std::string getText() const;
+
+    bool isInherited() const { return !is_member_; }
+
+    bool isMember() const { return is_member_; }
+
+    /// A const model.
+    bool isModel() const;
+
+    bool isSameNode(PathStep const& other) const;
+
+    /// Two models and two traits are compared by node, all else by name.
+    bool operator==(PathStep const& other) const;
+
+  private:
+    std::weak_ptr<Node> node_;
+    TypeLink outer_type_;
+    std::string name_;
+    std::size_t index_;
+    bool is_member_;
+};
+
+} // namespace Slate
