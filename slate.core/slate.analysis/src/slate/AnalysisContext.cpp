@@ -4,6 +4,7 @@
 #include "slate/Document.h"
 #include "slate/ModelDeclaration.h"
 #include "slate/OperatorOverload.h"
+#include "slate/SymbolTree.h"
 #include "slate/VarAssignment.h"
 
 #include <unordered_map>
@@ -178,11 +179,11 @@ Token AnalysisContext::findFirstMissingType(TokenVector const& segments, ModelDe
 
 OpOverloadPtr AnalysisContext::findBinaryOperator(TokenType op, TypePtr const& lhs,
                                                   TypePtr const& rhs) const {
-    return operatorIndex().find(op, {lhs, rhs});
+    return operatorIndex().findBinary(op, lhs, rhs);
 }
 
 OpOverloadPtr AnalysisContext::findUnaryOperator(TokenType op, TypePtr const& operand) const {
-    return operatorIndex().find(op, {operand});
+    return operatorIndex().findUnary(op, operand);
 }
 
 OperatorIndex const& AnalysisContext::operatorIndex() const {
@@ -207,6 +208,10 @@ vec<NodePtr> AnalysisContext::findTopoNodesFor(ModelDeclPtr const& model) const 
         }
     });
     return roots;
+}
+
+void AnalysisContext::initSymbolTree(vec<NodePtr> const& root_nodes) {
+    symbol_tree_ = SymbolTree::create(root_nodes, error_reporter_);
 }
 
 StringMap<std::size_t> AnalysisContext::countSymbols() const {

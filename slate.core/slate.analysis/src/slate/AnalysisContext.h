@@ -12,6 +12,10 @@
 #include <string>
 #include <vector>
 
+namespace Slate {
+class SymbolTree;
+} // namespace Slate
+
 namespace Slate::Analysis {
 
 /// The shared state of one analysis: the primitive types, the documents by bundle, the reporter, and the
@@ -71,6 +75,12 @@ class AnalysisContext {
     /// What a symbol tree grows from: all const models, the given model, and all top-level variables.
     vec<NodePtr> findTopoNodesFor(ModelDeclPtr const& model) const;
 
+    /// Grows the symbol tree and keeps it.
+    void initSymbolTree(vec<NodePtr> const& root_nodes);
+
+    /// Empty until `initSymbolTree`.
+    std::shared_ptr<SymbolTree> getSymbolTree() const { return symbol_tree_; }
+
     /// How often each global name is declared.
     StringMap<std::size_t> countSymbols() const;
 
@@ -86,6 +96,7 @@ class AnalysisContext {
 
     std::vector<BundleLookup> bundles_;
     std::shared_ptr<ErrorReporter> error_reporter_;
+    std::shared_ptr<SymbolTree> symbol_tree_;
     mutable OperatorIndex operator_index_; // read when first asked for, and again when a document has changed
 };
 

@@ -1,26 +1,17 @@
 #include "slate/OperatorIndex.h"
 
 #include "slate/Document.h"
-#include "slate/ModelDeclaration.h"
 #include "slate/OperatorOverload.h"
 #include "slate/Parameter.h"
-#include "slate/PrimitiveType.h"
 
 #include <algorithm>
 
 namespace Slate::Analysis {
 
-namespace {
-
-bool accepts(OperatorOverload const& overload, std::vector<TypePtr> const& operands) {
-    return std::ranges::equal(overload.getParameters(), operands,
-                              [](ParamPtr const& parameter, TypePtr const& operand) {
-                                  auto const type = parameter->getType();
-                                  return type && operand->isAssignableTo(type);
-                              });
+void OperatorIndex::Same::add(std::size_t place) {
+    first_place = std::min(first_place, place);
+    ++count;
 }
-
-} // namespace
 
 OperatorIndex::OperatorIndex(std::vector<DocPtr> const& documents) {
     for (auto const& document : documents) {
@@ -39,53 +30,74 @@ bool OperatorIndex::isReadAt(std::size_t position, DocPtr const& document) const
 
 void OperatorIndex::add(OpOverloadPtr const& overload) {
     auto const& parameters = overload->getParameters();
-    auto const type = parameters.empty() ? nullptr : parameters.front()->getType();
-    if (!type)
+    auto const is_comparable = [](ParamPtr const& parameter) {
+        return TypeKey::of(parameter->getType()).has_value();
+    };
+    if (!std::ranges::all_of(parameters, is_comparable))
         return;
 
     auto const place = overloads_.size();
     overloads_.push_back(overload);
-    auto& group = groups_[{overload->getOperatorToken().type, parameters.size()}];
-    if (auto const model = type->asModelDeclaration())
-        group.by_model[model.get()].push_back(place);
-    else if (auto const primitive = type->asPrimitiveType())
-        group.by_primitive_kind[static_cast<std::int32_t>(primitive->getKind())].push_back(place);
-    else
-        group.others.push_back(place);
+    auto& group = groups_[overload->getOperatorToken().type];
+    if (parameters.empty())
+        ++without_operands_;
+    else if (parameters.size() == 1)
+        group.unary[parameters[0]->getType()].add(place);
+    else if (parameters.size() == 2)
+        group.binary[parameters[0]->getType()][parameters[1]->getType()].add(place);
 }
 
-OpOverloadPtr OperatorIndex::find(TokenType op, std::vector<TypePtr> const& operands) const {
-    bool const has_all_types = std::ranges::none_of(operands, [](TypePtr const& type) { return !type; });
-    auto const group = groups_.find({op, operands.size()});
-    if (!has_all_types || group == groups_.end())
+OpOverloadPtr OperatorIndex::overloadAt(std::size_t place) const {
+    return place == none ? nullptr : overloads_[place];
+}
+
+OpOverloadPtr OperatorIndex::findUnary(TokenType op, TypePtr const& operand) const {
+    auto const group = groups_.find(op);
+    if (group == groups_.end() || !operand)
         return {};
-    for (auto const place : findCandidates(group->second, operands.front())) {
-        if (accepts(*overloads_[place], operands))
-            return overloads_[place];
-    }
-    return {};
+    auto first = none;
+    group->second.unary.findAccepting(operand, [&first](Same const& same) {
+        first = std::min(first, same.first_place);
+        return false;
+    });
+    return overloadAt(first);
 }
 
-OperatorIndex::Places OperatorIndex::findCandidates(Group const& group, TypePtr const& first_operand) {
-    Places candidates = group.others;
-    auto const append = [&candidates](auto const& table, auto const& key) {
-        if (auto const entry = table.find(key); entry != table.end())
-            candidates.insert(candidates.end(), entry->second.begin(), entry->second.end());
+OpOverloadPtr OperatorIndex::findBinary(TokenType op, TypePtr const& lhs, TypePtr const& rhs) const {
+    auto const group = groups_.find(op);
+    if (group == groups_.end() || !lhs || !rhs)
+        return {};
+    auto first = none;
+    auto const note = [&first](Same const& same) {
+        first = std::min(first, same.first_place);
+        return false;
     };
+    group->second.binary.findAccepting(
+        lhs, [&](OperandTypes<Same> const& second) { return second.findAccepting(rhs, note); });
+    return overloadAt(first);
+}
 
-    if (auto const model = first_operand->asModelDeclaration()) {
-        for (auto const* assignable : model->collectAssignableModels())
-            append(group.by_model, assignable);
-    } else if (auto const primitive = first_operand->asPrimitiveType()) {
-        append(group.by_primitive_kind, static_cast<std::int32_t>(primitive->getKind()));
-        if (primitive->getKind() == PrimitiveType::Kind::Int)
-            append(group.by_primitive_kind, static_cast<std::int32_t>(PrimitiveType::Kind::Real));
-    } else if (first_operand->isInitializerType()) {
-        for (auto const& entry : group.by_model)
-            candidates.insert(candidates.end(), entry.second.begin(), entry.second.end());
+bool OperatorIndex::hasEqual(OperatorOverload const& overload) const {
+    auto const& parameters = overload.getParameters();
+    if (parameters.empty())
+        return without_operands_ > 1;
+    auto const group = groups_.find(overload.getOperatorToken().type);
+    auto const first = TypeKey::of(parameters.front()->getType());
+    auto const second = TypeKey::of(parameters.back()->getType());
+    if (group == groups_.end() || !first || !second || parameters.size() > 2)
+        return false;
+
+    // With the very types of this overload stands the overload itself.
+    if (parameters.size() == 1) {
+        return group->second.unary.findComparable(
+            *first, [&](TypeKey const& type, Same const& same) { return same.count > 1 || type != *first; });
     }
-    std::ranges::sort(candidates);
-    return candidates;
+    return group->second.binary.findComparable(
+        *first, [&](TypeKey const& first_type, OperandTypes<Same> const& seconds) {
+            return seconds.findComparable(*second, [&](TypeKey const& second_type, Same const& same) {
+                return same.count > 1 || first_type != *first || second_type != *second;
+            });
+        });
 }
 
 } // namespace Slate::Analysis

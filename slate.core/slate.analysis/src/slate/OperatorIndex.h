@@ -1,12 +1,11 @@
 #pragma once
 
 #include "slate/NodeTypes.h"
+#include "slate/OperandTypes.h"
 #include "slate/Token.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <map>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -14,9 +13,8 @@ namespace Slate::Analysis {
 
 /// The operator overloads of a set of documents, found by operator and operand types.
 ///
-/// A look-up compares only the overloads whose first parameter can accept the first operand: those that ask
-/// for its primitive type, for its model or for one that this is assignable to (for any model, if it is an
-/// initializer), and all that ask for something else.
+/// A look-up costs as much as there are types to which the operands are assignable, not as there are
+/// overloads; only for the literals of arrays and initializers it compares all types that operands can have.
 class OperatorIndex {
   public:
     OperatorIndex() = default;
@@ -32,27 +30,39 @@ class OperatorIndex {
 
     /// The first overload of that operator with one parameter for each operand, each accepting its operand;
     /// empty if there is none, or if an operand has no type.
-    OpOverloadPtr find(TokenType op, std::vector<TypePtr> const& operands) const;
+    OpOverloadPtr findBinary(TokenType op, TypePtr const& lhs, TypePtr const& rhs) const;
+    OpOverloadPtr findUnary(TokenType op, TypePtr const& operand) const;
+
+    /// Is there another overload of the same operator with as many parameters, whose types can be assigned to
+    /// those of this one, or the other way round, each for itself? Two overloads without parameters are
+    /// equal whatever their operators are.
+    bool hasEqual(OperatorOverload const& overload) const;
 
   private:
-    /// The places of overloads among all, ascending.
-    using Places = std::vector<std::size_t>;
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-    /// The overloads of one operator with one number of parameters, by what the first parameter asks for.
-    struct Group {
-        std::unordered_map<void const*, Places> by_model;
-        std::map<std::int32_t, Places> by_primitive_kind;
-        Places others;
+    /// The overloads for the same operand types: the place of the first one among all, and their number.
+    struct Same {
+        std::size_t first_place = none;
+        std::size_t count = 0;
+
+        void add(std::size_t place);
     };
 
-    using GroupKey = std::pair<TokenType, std::size_t>;
+    /// The overloads of one operator by their operand types. More than two operands no overload has that the
+    /// analysis lets pass.
+    struct Group {
+        OperandTypes<Same> unary;
+        OperandTypes<OperandTypes<Same>> binary;
+    };
 
     void add(OpOverloadPtr const& overload);
-    static Places findCandidates(Group const& group, TypePtr const& first_operand);
+    OpOverloadPtr overloadAt(std::size_t place) const;
 
     std::vector<std::pair<DocPtr, std::size_t>> documents_; // with the revision read
     std::vector<OpOverloadPtr> overloads_;
-    std::map<GroupKey, Group> groups_;
+    std::map<TokenType, Group> groups_;
+    std::size_t without_operands_ = 0;
 };
 
 } // namespace Slate::Analysis

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "slate/NodeTypes.h"
+
+#include <unordered_map>
+
+namespace Slate {
+
+/// Which models are empty (`ModelDeclaration::isEmpty`), each worked out once however many models lead to it.
+/// To be dropped before the tree changes.
+class EmptyModels {
+  public:
+    bool isEmpty(ModelDeclPtr const& model);
+
+    /// Is it a model, and empty?
+    bool isEmptyModel(TypePtr const& type);
+
+  private:
+    void explore(ModelDeclaration const& model);
+
+    std::unordered_map<ModelDeclaration const*, bool> is_empty_;
+};
+
+} // namespace Slate

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "slate/NodeTypes.h"
+
+#include <string>
+
+namespace Slate::Analysis {
+
+/// The full path of the attribute that a walk is at: the full path of the attribute that encloses it, if it
+/// knows one, a "." and its own. Built up on the way down, so that each attribute costs no more than its own
+/// segments.
+class FullPath {
+  public:
+    /// Stands at an attribute for as long as it lives.
+    class At {
+      public:
+        At(FullPath& path, VarAssignment const& attribute);
+        ~At();
+        At(At const&) = delete;
+        At& operator=(At const&) = delete;
+
+      private:
+        FullPath& path_;
+        std::string text_before_; // where the attribute does not go on from the one around it
+        std::size_t length_before_;
+        bool goes_on_;
+    };
+
+    std::string const& text() const { return text_; }
+
+    /// The full path less the last segment of the attribute, and the "." in front of that.
+    std::string textWithoutLastSegment(VarAssignment const& attribute) const;
+
+  private:
+    std::string text_;
+};
+
+} // namespace Slate::Analysis

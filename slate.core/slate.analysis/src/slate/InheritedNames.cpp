@@ -1,0 +1,192 @@
+#include "slate/InheritedNames.h"
+
+#include "slate/CycleGuard.h"
+#include "slate/Document.h"
+#include "slate/MethodDeclaration.h"
+#include "slate/ModelDeclaration.h"
+#include "slate/TraitImpl.h"
+#include "slate/VarAssignment.h"
+
+#include <algorithm>
+
+namespace Slate::Analysis {
+
+namespace {
+
+/// In the model and its traits; a trait is asked with what it extends.
+MethodDeclPtr findNearMethod(ModelDeclaration const& model, std::string_view name) {
+    auto found = model.findFirstOwnMemberOfType(name, NodeType::MethodDeclaration);
+    auto const& traits = model.getTraits();
+    for (auto entry = traits.begin(); !found && entry != traits.end(); ++entry) {
+        if (auto const trait = (*entry)->getTraitDeclaration())
+            found = trait->findFirstMemberOfType(name, NodeType::MethodDeclaration);
+    }
+    return found ? found->asMethodDeclaration() : nullptr;
+}
+
+/// Calls `visit(model)` for a model and all that it extends, nearest first. A ring is gone round more than
+/// once.
+template <typename Visit>
+void walkUp(ModelDeclaration const& model, Visit visit) {
+    CycleGuard guard;
+    ModelDeclPtr extended; // keeps alive what the loop is at
+    for (auto const* at = &model; at != nullptr && !guard.closesAt(at); at = extended.get()) {
+        visit(*at);
+        extended = at->getExtends();
+    }
+}
+
+std::string joinSegments(TokenVector const& segments, std::size_t first_ix, std::size_t last_ix) {
+    std::string path = segments[first_ix].lexeme;
+    for (auto i = first_ix + 1; i <= last_ix; ++i)
+        path += "." + segments[i].lexeme;
+    return path;
+}
+
+} // namespace
+
+InheritedNames::InheritedNames(std::vector<DocPtr> const& documents) : hierarchy_(documents) {
+    for (auto const& document : documents) {
+        measureSymbols(document->getMembers());
+        measureSymbols(document->getRemovedMembers());
+    }
+
+    struct Marks {
+        std::size_t symbols, extended_symbols, declarations, typed_members, methods, mixed_in;
+    };
+
+    std::vector<Marks> marks;
+    hierarchy_.walk(
+        [&](ModelDeclaration const& model, std::size_t place) {
+            marks.push_back({symbols_.mark(), extended_symbols_.mark(), declarations_.mark(),
+                             typed_members_.mark(), methods_.mark(), mixed_in_.mark()});
+            addModel(model, place);
+        },
+        [&](ModelDeclaration const& /*model*/, std::size_t next_place) {
+            symbols_.leave(marks.back().symbols, next_place);
+            extended_symbols_.leave(marks.back().extended_symbols, next_place);
+            declarations_.leave(marks.back().declarations, next_place);
+            typed_members_.leave(marks.back().typed_members, next_place);
+            methods_.leave(marks.back().methods, next_place);
+            mixed_in_.leave(marks.back().mixed_in, next_place);
+            marks.pop_back();
+        });
+}
+
+void InheritedNames::measureSymbols(vec<NodePtr> const& members) {
+    for (auto const& member : members) {
+        auto const model = member->asModelDeclaration();
+        if (!model)
+            continue;
+        for (auto const& [path, symbol] : model->getNewSymbols()) {
+            auto const segments = static_cast<std::size_t>(std::ranges::count(path, '.')) + 1;
+            segments_of_longest_symbol_ = std::max(segments_of_longest_symbol_, segments);
+        }
+    }
+}
+
+// What is entered first for a name at a place stays: own names go before those of traits, and among these the
+// first trait and its nearest base win.
+void InheritedNames::addModel(ModelDeclaration const& model, std::size_t place) {
+    for (auto const& [path, symbol] : model.getNewSymbols())
+        symbols_.set(path, true, place);
+    for (auto const& path : model.getExtendedSymbols())
+        extended_symbols_.set(path, true, place);
+    addSymbols(model, place);
+    addMembers(model, place);
+    addMethods(model, place);
+    for (auto const& entry : model.getTraits()) {
+        if (auto const trait = entry->getTraitDeclaration())
+            addTrait(*trait, place);
+    }
+}
+
+void InheritedNames::addTrait(ModelDeclaration const& trait, std::size_t place) {
+    walkUp(trait, [&](ModelDeclaration const& model) {
+        addSymbols(model, place);
+        addMethods(model, place);
+    });
+    for (auto const* model : trait.collectAssignableModels())
+        mixed_in_.set(model, true, place);
+}
+
+void InheritedNames::addSymbols(ModelDeclaration const& model, std::size_t place) {
+    for (auto const& [path, symbol] : model.getNewSymbols()) {
+        auto const node = symbol.lock();
+        auto const attribute = node ? node->asVarAssignment() : nullptr;
+        if (attribute && !declarations_.isSetAt(path, place))
+            declarations_.set(path, attribute, place);
+    }
+}
+
+void InheritedNames::addMembers(ModelDeclaration const& model, std::size_t place) {
+    for (auto const& member : model.getMembers()) {
+        auto const attribute = member->asVarAssignment();
+        if (!attribute || !attribute->isDeclaration() || attribute->getSegments().size() != 1)
+            continue;
+        auto const& name = attribute->getSegments().front().lexeme;
+        if (!typed_members_.isSetAt(name, place))
+            typed_members_.set(name, attribute, place);
+    }
+}
+
+void InheritedNames::addMethods(ModelDeclaration const& model, std::size_t place) {
+    for (auto const& member : model.getMembers()) {
+        auto const method = member->asMethodDeclaration();
+        if (method && !methods_.isSetAt(method->getName(), place))
+            methods_.set(method->getName(), method, place);
+    }
+}
+
+bool InheritedNames::hasNewSymbol(ModelDeclaration const& model, std::string_view symbol_path) const {
+    auto const place = hierarchy_.placeOf(model);
+    return place ? symbols_.find(symbol_path, place->begin) : model.hasNewSymbol(symbol_path);
+}
+
+bool InheritedNames::isExtendedSymbol(ModelDeclaration const& model, std::string_view symbol_path) const {
+    auto const place = hierarchy_.placeOf(model);
+    return place ? extended_symbols_.find(symbol_path, place->begin) : model.isExtendedSymbol(symbol_path);
+}
+
+VarAssignPtr InheritedNames::lookupDeclaration(ModelDeclaration const& model, TokenVector const& segments,
+                                               std::size_t first_ix, std::size_t last_ix) const {
+    if (last_ix - first_ix >= segments_of_longest_symbol_)
+        return {};
+    if (auto const place = hierarchy_.placeOf(model))
+        return declarations_.find(joinSegments(segments, first_ix, last_ix), place->begin);
+    return model.lookupDeclarationFromSegments(segments, first_ix, last_ix);
+}
+
+VarAssignPtr InheritedNames::findFirstMemberWithType(ModelDeclaration const& model,
+                                                     std::string_view name) const {
+    if (auto const place = hierarchy_.placeOf(model))
+        return typed_members_.find(name, place->begin);
+    return model.findFirstMemberWithType(name);
+}
+
+MethodDeclPtr InheritedNames::findMethod(ModelDeclaration const& model, std::string_view name) const {
+    if (auto const place = hierarchy_.placeOf(model))
+        return methods_.find(name, place->begin);
+    CycleGuard guard;
+    ModelDeclPtr extended; // keeps alive what the loop is at
+    for (auto const* at = &model; at != nullptr && !guard.closesAt(at); at = extended.get()) {
+        if (auto method = findNearMethod(*at, name))
+            return method;
+        extended = at->getExtends();
+    }
+    return {};
+}
+
+bool InheritedNames::isAssignable(TypePtr const& type, TypePtr const& other) const {
+    auto const model = type->asModelDeclaration();
+    auto const wanted = other ? other->asModelDeclaration() : nullptr;
+    auto const place = model && wanted ? hierarchy_.placeOf(*model) : std::nullopt;
+    if (!place)
+        return type->isAssignableTo(other);
+    auto const wanted_place = hierarchy_.placeOf(*wanted);
+    bool const is_extended =
+        wanted_place && wanted_place->begin <= place->begin && place->begin < wanted_place->end;
+    return is_extended || mixed_in_.find(wanted.get(), place->begin);
+}
+
+} // namespace Slate::Analysis

@@ -1,0 +1,279 @@
+#include "slate/SymbolTreeNode.h"
+
+#include "slate/AnalysisErrors.h"
+#include "slate/Annotation.h"
+#include "slate/Log.h"
+#include "slate/ModelType.h"
+#include "slate/SymbolTree.h"
+#include "slate/TraitImpl.h"
+#include "slate/Unfolding.h"
+
+#include <utility>
+
+namespace Slate {
+
+void UnfoldedModels::enter(ModelDeclaration const& model, TopoPathPtr path) {
+    models_.insert(&model);
+    entered_.push_back(&model);
+    paths_.push_back(std::move(path));
+}
+
+void UnfoldedModels::leave() {
+    models_.erase(entered_.back());
+    entered_.pop_back();
+    paths_.pop_back();
+}
+
+void UnfoldedModels::clear() { *this = {}; }
+
+SymbolTreeNodePtr SymbolTreeNode::create(std::shared_ptr<ErrorReporter> error_reporter,
+                                         std::weak_ptr<SymbolTree> tree) {
+    return std::make_shared<SymbolTreeNode>(CreateKey(), std::move(error_reporter), std::move(tree));
+}
+
+SymbolTreeNode::SymbolTreeNode(CreateKey, std::shared_ptr<ErrorReporter>&& error_reporter,
+                               std::weak_ptr<SymbolTree>&& tree)
+    : error_reporter_(std::move(error_reporter)), tree_(std::move(tree)) {}
+
+SymbolTreeNode::~SymbolTreeNode() {
+    std::vector<SymbolTreeNodePtr> ahead;
+    auto const take_children = [&ahead](SymbolTreeNode& node) {
+        for (auto& [name, child] : node.children_.take())
+            ahead.push_back(std::move(child));
+    };
+    take_children(*this);
+    while (!ahead.empty()) {
+        auto const node = std::move(ahead.back());
+        ahead.pop_back();
+        if (node.use_count() == 1)
+            take_children(*node);
+    }
+}
+
+SymbolTreeNodePtr SymbolTreeNode::findChild(std::string_view name) const {
+    auto const* child = children_.find(name);
+    return child == nullptr ? nullptr : *child;
+}
+
+SymbolTreeNodePtr SymbolTreeNode::findOrAddChild(std::string const& name) {
+    if (auto child = findChild(name))
+        return child;
+    lockTree();
+    auto child = create(error_reporter_, tree_);
+    children_.add(name, child);
+    return child;
+}
+
+/// The branch at the end of the target of an assignment; what is missing on the way there grows.
+SymbolTreeNodePtr SymbolTreeNode::growTo(VarAssignment const& member) {
+    auto node = shared_from_this();
+    for (auto const& segment : member.getSegments())
+        node = node->findOrAddChild(segment.lexeme);
+    return node;
+}
+
+void SymbolTreeNode::noteMaxPaths() {
+    // Children stand behind their parents, so from the end each node is seen after all below it.
+    std::vector<SymbolTreeNode*> nodes{this};
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        for (auto const& [name, child] : nodes[i]->children_.entries())
+            nodes.push_back(child.get());
+    }
+    for (auto node = nodes.rbegin(); node != nodes.rend(); ++node) {
+        (*node)->has_max_paths_ = (*node)->max_path_ != nullptr;
+        for (auto const& [name, child] : (*node)->children_.entries())
+            (*node)->has_max_paths_ = (*node)->has_max_paths_ || child->has_max_paths_;
+    }
+}
+
+SymbolTreeNodePtr SymbolTreeNode::walk(TopologicalPath const& path, std::size_t limit) {
+    auto const steps = path.getSteps();
+    auto const count = limit == 0 || limit >= steps.size() ? steps.size() : limit + 1;
+    auto node = shared_from_this();
+    for (std::size_t i = 1; node && i < count; ++i) {
+        if (steps[i].isMember())
+            node = node->findChild(steps[i].getName());
+    }
+    return node;
+}
+
+void SymbolTreeNode::grow_paths(TopoPathPtr const& path, ModelDeclPtr const& excluded,
+                                UnfoldedModels& visited) {
+    Unfolding unfolding(visited);
+    unfolding.add(GrowTask{shared_from_this(), path, excluded});
+    unfolding.run(Unfolding::Phase::Branches);
+}
+
+void SymbolTreeNode::grow_max_paths(TopoPathPtr const& path, ModelDeclPtr const& excluded,
+                                    UnfoldedModels& visited) {
+    Unfolding unfolding(visited);
+    unfolding.add(GrowTask{shared_from_this(), path, excluded});
+    unfolding.run(Unfolding::Phase::MaxPaths);
+}
+
+void SymbolTreeNode::grow_paths_from_types(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
+                                           UnfoldedModels& visited) {
+    Unfolding unfolding(visited);
+    unfolding.add(TypesTask{shared_from_this(), path, members});
+    unfolding.run(Unfolding::Phase::Branches);
+}
+
+void SymbolTreeNode::grow_max_paths_from_types(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
+                                               UnfoldedModels& visited) {
+    Unfolding unfolding(visited);
+    unfolding.add(TypesTask{shared_from_this(), path, members});
+    unfolding.run(Unfolding::Phase::MaxPaths);
+}
+
+void SymbolTreeNode::grow_paths(Unfolding& unfolding, GrowTask const& task) {
+    auto const node = task.path->getLastStep()->getNode();
+    auto const variable = node->asVarAssignment();
+    if (variable && task.path->countSteps() == 1) {
+        declaration_ = variable;
+        return;
+    }
+    auto const model = node->asModelDeclaration();
+    if (model && unfolding.visited().contains(*model)) {
+        reportCycle(*model, unfolding.visited());
+        return;
+    }
+    auto members = Unfolding::attributesOf(*node);
+    grow_paths_from_members(task.path, Unfolding::annotationsOf(*node), members);
+    unfolding.follow(task, std::move(members));
+}
+
+void SymbolTreeNode::grow_paths_from_members(TopoPathPtr const& path, vec<AnnotationPtr> const& annotations,
+                                             vec<VarAssignPtr> const& members) {
+    for (auto const& annotation : annotations) {
+        if (annotation_paths_.find(annotation->getName()) == nullptr)
+            annotation_paths_.add(annotation->getName(), TopologicalPath::extend(path, annotation));
+    }
+    for (auto const& member : members) {
+        if (!member->isValid())
+            continue;
+        auto const reached = growTo(*member);
+        if (member->isDeclaration() && !reached->declaration_)
+            reached->declaration_ = member;
+        if (!member->getAnnotations().empty() || !member->getMembers().empty())
+            reached->grow_paths_from_members(TopologicalPath::extend(path, member), member->getAnnotations(),
+                                             member->getMembers());
+    }
+}
+
+void SymbolTreeNode::grow_paths_from_types(Unfolding& unfolding, TypesTask const& task,
+                                           VarAssignPtr const& member) {
+    auto const type = Analysis::ownModelType(member);
+    bool const unfolds = type && member->isDeclaration() && member->hasTargetDeclarations();
+    if (!unfolds && member->getMembers().empty())
+        return;
+    auto const reached = growTo(*member);
+    auto const path = TopologicalPath::extend(task.path, member);
+    if (unfolds)
+        unfolding.add(GrowTask{reached, TopologicalPath::extend(path, type), Unfolding::excludedBy(*member)});
+    if (!member->getMembers().empty())
+        unfolding.add(TypesTask{reached, path, member->getMembers()});
+}
+
+/// At the last place that all paths to the models in the cycle share.
+void SymbolTreeNode::reportCycle(ModelDeclaration const& model, UnfoldedModels const& visited) const {
+    for (auto const& path : visited.paths()) {
+        path->setValid(false);
+        path->getLastStep()->getNode()->setValid(false);
+    }
+    auto const common = TopologicalPath::commonPrefix(visited.paths());
+    auto const token = common->getLastStep()->getToken();
+    error_reporter_->reportError(
+        CircularDependency::create(token.line, token.column, model.getSourceIdOrDefault(),
+                                   TopologicalPath::joinFullStrings(visited.paths())));
+}
+
+void SymbolTreeNode::grow_max_paths(Unfolding& unfolding, GrowTask const& task) {
+    auto const node = task.path->getLastStep()->getNode();
+    if (node->isVarAssignment() && task.path->countSteps() == 1) {
+        max_path_ = task.path->prefix(0);
+        return;
+    }
+    auto const model = node->asModelDeclaration();
+    if (model && unfolding.visited().contains(*model))
+        return;
+    auto members = Unfolding::attributesOf(*node);
+    PathSet assigned_paths;
+    NodeSet assigned_nodes;
+    grow_max_paths_from_members(task.path, members, assigned_paths, assigned_nodes);
+    unfolding.follow(task, std::move(members));
+}
+
+void SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
+                                                 PathSet& assigned_paths, NodeSet& assigned_nodes) {
+    for (auto const& member : members) {
+        if (!member->isValid())
+            continue;
+        auto reached = shared_from_this();
+        bool is_overridden = false;
+        for (auto const& segment : member->getSegments()) {
+            reached = reached->findChild(segment.lexeme);
+            if (!reached) {
+                SLATE_LOG_ERROR("Missing branch for {}",
+                                TopologicalPath::extend(path, member)->toFullString());
+                return;
+            }
+            // Something more derived has assigned there.
+            auto const& assigned = reached->max_path_;
+            is_overridden = is_overridden || (assigned && !assigned_paths.contains(assigned.get()));
+        }
+        if (!member->getValue()) {
+            if (!member->getMembers().empty() && !is_overridden)
+                reached->grow_max_paths_from_members(TopologicalPath::extend(path, member),
+                                                     member->getMembers(), assigned_paths, assigned_nodes);
+        } else if (!assigned_nodes.insert(reached.get()).second) {
+            error_reporter_->reportError(SymbolAlreadyAssigned::create(member->getSegments().back(),
+                                                                       path->getLastStep()->getSourceId()));
+        } else if (!is_overridden) {
+            if (auto const assigned = reached->assign(TopologicalPath::extend(path, member)))
+                assigned_paths.insert(assigned.get());
+        }
+    }
+}
+
+/// The first assignment that reaches a branch wins. Answers with its path, or with nothing if it does not: a
+/// value of a wrong type is none, and was reported.
+TopoPathPtr SymbolTreeNode::assign(TopoPathPtr const& path) {
+    auto const tree = lockTree();
+    auto const value = path->getLastStepExpression();
+    auto const type = value->getType();
+    auto const declared = declaration_ ? declaration_->getOwnType() : nullptr;
+    bool const is_of_wrong_type = type && declared && value->isValid() && !tree->isAssignable(type, declared);
+    if (is_of_wrong_type || max_path_)
+        return {};
+    max_path_ = path;
+    return path;
+}
+
+/// Answers whether the members behind this one are to be looked at.
+bool SymbolTreeNode::grow_max_paths_from_types(Unfolding& unfolding, TypesTask const& task,
+                                               VarAssignPtr const& member) {
+    auto reached = shared_from_this();
+    bool is_assigned = false;
+    for (auto const& segment : member->getSegments()) {
+        reached = reached->findChild(segment.lexeme);
+        if (!reached) {
+            SLATE_LOG_ERROR("Missing branch for {}",
+                            TopologicalPath::extend(task.path, member)->toFullString());
+            return false;
+        }
+        is_assigned = is_assigned || reached->max_path_;
+    }
+    auto const type = Analysis::ownModelType(member);
+    bool const unfolds = type && !type->isTrait() && member->isDeclaration() && !is_assigned &&
+                         member->hasTargetDeclarations();
+    if (!unfolds && member->getMembers().empty())
+        return true;
+    auto const path = TopologicalPath::extend(task.path, member);
+    if (unfolds)
+        unfolding.add(GrowTask{reached, TopologicalPath::extend(path, type), Unfolding::excludedBy(*member)});
+    if (!member->getMembers().empty())
+        unfolding.add(TypesTask{reached, path, member->getMembers()});
+    return true;
+}
+
+} // namespace Slate
