@@ -1,14 +1,12 @@
 #include "slate/EvaluatorContext.h"
 
+#include "slate/Object.h"
 #include "slate/testing/LogCapture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace Slate::Core {
-
-/// Stands in for the class of objects: the context only holds pointers to it.
-class Object {};
 
 namespace {
 

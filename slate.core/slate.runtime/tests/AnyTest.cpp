@@ -1,5 +1,7 @@
 #include "slate/Any.h"
 
+#include "slate/Object.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,9 +12,6 @@
 #include <type_traits>
 
 namespace Slate::Core {
-
-/// Stands in for the class of objects: a value only holds pointers to it.
-class Object {};
 
 namespace {
 

@@ -1,5 +1,9 @@
 #include "slate/EvaluatorContext.h"
 
+#include "slate/CycleGuard.h"
+#include "slate/ModelDeclaration.h"
+#include "slate/TakeApart.h"
+
 namespace Slate::Core {
 
 namespace {
@@ -34,6 +38,29 @@ void EvaluatorContext::registerObject(ObjectPtr object) { objects_.insert(std::m
 std::optional<FactoryMethod> EvaluatorContext::lookup(std::string const& className) const {
     auto const factory = factories_.find(className);
     return factory == factories_.end() ? std::nullopt : std::optional(factory->second);
+}
+
+ObjectPtr EvaluatorContext::createObject(ModelDeclaration const& model) {
+    ObjectPtr object;
+    CycleGuard guard;
+    ModelDeclPtr extended; // keeps alive what the loop is at
+    for (auto const* at = &model; !object && at != nullptr && !factories_.empty() && !guard.closesAt(at);
+         at = extended.get()) {
+        if (auto const factory = lookup(at->getNameWithNamespace("::"))) {
+            object = (*factory)();
+            break;
+        }
+        extended = at->getExtends();
+    }
+    if (!object)
+        object = std::make_shared<Object>();
+    made_objects_.push_back(object);
+    return object;
+}
+
+EvaluatorContext::~EvaluatorContext() {
+    objects_.clear();
+    takeApart(made_objects_);
 }
 
 Any EvaluatorContext::callStaticMethod(std::string const& key, std::vector<Any> args) const {

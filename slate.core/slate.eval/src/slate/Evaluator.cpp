@@ -1,0 +1,216 @@
+#include "slate/Evaluator.h"
+
+#include "slate/Annotation.h"
+#include "slate/Document.h"
+#include "slate/Log.h"
+#include "slate/ModelDeclaration.h"
+#include "slate/VarAssignment.h"
+
+#include <typeinfo>
+
+namespace Slate::Core {
+
+namespace {
+
+using Chain = TopologicalPath::Chain;
+
+/// As the sort has set it, else the step's own.
+TypePtr typeOf(PathStep const& step) {
+    auto type = step.getOuterType();
+    return type ? type : step.getType();
+}
+
+/// The name of the object that a path leads to. For a const root it begins with the root's own name, for any
+/// other one with the name of the type of the instance that stands for it.
+std::string nameOf(Object const& instance, Chain const& chain) {
+    std::vector<Chain const*> links;
+    for (auto const* link = &chain; link->getPrevious(); link = link->getPrevious().get())
+        links.push_back(link);
+    auto const& first = chain.getFirst()->getStep();
+    auto const type = instance.getType();
+    auto name = first.isModel() ? first.getText() : type ? type->getName() : std::string();
+    for (auto link = links.rbegin(); link != links.rend(); ++link) {
+        if ((*link)->getStep().isMember())
+            name += "." + (*link)->getStep().getName();
+    }
+    return name;
+}
+
+bool isPlain(Object const& object) { return typeid(object) == typeid(Object); }
+
+} // namespace
+
+Evaluator::Evaluator(std::shared_ptr<EvaluatorContext> evaluator_context,
+                     std::shared_ptr<ErrorReporter> error_reporter)
+    : evaluator_context_(std::move(evaluator_context)),
+      error_reporter_(std::move(error_reporter)),
+      expression_evaluator_(std::make_shared<ExpressionEvaluator>(evaluator_context_, error_reporter_)) {}
+
+Evaluator::~Evaluator() = default;
+
+ObjectPtr Evaluator::evalModel(ModelDeclPtr const& model) {
+    auto const paths = model->getTopologicalSort();
+    instances_.clear(); // also of one that a native has ended by an exception
+    keeps_instances_ = true;
+    auto const end = [this](ObjectPtr const& object) {
+        keeps_instances_ = false;
+        instances_.clear();
+        return object;
+    };
+    if (auto document = model->getOwningDocument())
+        expression_evaluator_->setDocument(std::move(document));
+    auto root = expression_evaluator_->getOrCreateInstance(model, nullptr);
+    root->setName(model->getName());
+    for (auto const& path : paths) {
+        if (!path->isValid() || path->getLastStep() == nullptr)
+            continue;
+        auto const outcome = evaluatePath(root, path);
+        if (outcome == Outcome::Unresolved)
+            return end(nullptr);
+        // The text is only made for those who read it; what failed has reported or logged the cause.
+        if (outcome == Outcome::NoValue && spdlog::should_log(spdlog::level::debug))
+            SLATE_LOG_DEBUG("Failed to evaluate value of assignment to {}", path->toFullString());
+    }
+    registerObjects(root);
+    return end(root);
+}
+
+Evaluator::Outcome Evaluator::evaluatePath(ObjectPtr const& root, TopoPathPtr const& path) {
+    auto const first = path->getChain()->getFirst()->getStep().getNode();
+    auto const variable = first ? first->asVarAssignment() : nullptr;
+    if (variable && !variable->getValue())
+        return Outcome::Done;
+    auto const& step = *path->getLastStep();
+    auto const node = step.getNode();
+    if (auto const annotation = node ? node->asAnnotation() : nullptr)
+        return annotate(root, path, annotation);
+
+    auto const outer = path->getOuterPath();
+    auto const current = outer->getChain() ? getOrCreateTargetInstance(root, outer, 0) : root;
+    auto const target = current ? getOrCreateTargetInstance(root, path, 1) : nullptr;
+    if (!target)
+        return Outcome::Unresolved;
+    expression_evaluator_->setCurrentObject(current);
+    if (auto document = step.getDocument())
+        expression_evaluator_->setDocument(std::move(document));
+    auto const value = valueOf(step, target);
+    if (auto const count = expression_evaluator_->countReplacements(); count != replacements_seen_) {
+        replacements_seen_ = count;
+        instances_.clear();
+    }
+    if (value.isUndefined())
+        return Outcome::NoValue;
+    assign(*path, target, value);
+    return Outcome::Done;
+}
+
+/// A plain value has nothing for an annotation to land on.
+Evaluator::Outcome Evaluator::annotate(ObjectPtr const& root, TopoPathPtr const& path,
+                                       AnnotationPtr const& annotation) {
+    bool is_in_value = false;
+    auto const target = findTarget(root, path->getChain()->getPrevious(), is_in_value);
+    if (target)
+        target->appendToAnnotations(annotation);
+    else if (!is_in_value && !getOrCreateTargetInstance(root, path, 1))
+        return Outcome::Unresolved;
+    return Outcome::Done;
+}
+
+Any Evaluator::valueOf(PathStep const& step, ObjectPtr const& target) {
+    auto const type = typeOf(step);
+    if (auto const expression = step.getExpression())
+        return expression_evaluator_->evaluate(expression, type);
+    auto const model = type ? type->asModelDeclaration() : nullptr;
+    return model ? Any(expression_evaluator_->getOrCreateInstance(model, target)) : Any();
+}
+
+void Evaluator::assign(TopologicalPath const& path, ObjectPtr const& target, Any const& value) {
+    auto const& key = path.getLastStep()->getName();
+    auto const object = value.isObject() ? value.asObject() : nullptr;
+    auto const type = object ? object->getType() : nullptr;
+    // The instances of const models belong to nobody.
+    if (object && !(type && type->isConst())) {
+        if (object->getName().empty())
+            object->setName(target->getName() + "." + key);
+        if (!object->getOwner())
+            object->setOwner(target);
+    }
+    if (!isPlain(*target) || target->getDynamic(key).isObject())
+        instances_.clear();
+    target->setDynamic(key, value);
+    if (path.isLastStepDeclaration())
+        target->setIsDefault(key);
+}
+
+ObjectPtr Evaluator::getOrCreateTargetInstance(ObjectPtr const& instance, TopoPathPtr const& path,
+                                               std::size_t skip) {
+    if (path->countSteps() <= skip)
+        return path->countSteps() == 0 ? nullptr : instance;
+    auto const shortened = skip == 0 ? path : path->prefix(path->countSteps() - skip);
+    bool is_in_value = false;
+    auto target = findTarget(instance, shortened->getChain(), is_in_value);
+    if (!target)
+        SLATE_LOG_ERROR("target type of {} in {} not found", unresolved_step_, path->toMemberString());
+    return target;
+}
+
+/// Step by step from the last instance that is known for a part of the chain.
+ObjectPtr Evaluator::findTarget(ObjectPtr const& instance, ChainPtr const& chain, bool& is_in_value) {
+    if (!chain)
+        return instance;
+    std::vector<Chain const*> ahead;
+    auto const* link = chain.get();
+    for (; link->getPrevious() && !instances_.contains(link); link = link->getPrevious().get())
+        ahead.push_back(link);
+    auto const known = instances_.find(link);
+    auto current = known != instances_.end() ? known->second : rootOf(instance, link->getStep());
+    for (auto next = ahead.rbegin(); next != ahead.rend(); ++next) {
+        auto const& step = (*next)->getStep();
+        bool is_known_to_stay = isPlain(*current);
+        if (step.isMember()) {
+            current = takeStep(instance, current, **next, is_in_value);
+            if (!current) {
+                unresolved_step_ = step.getName();
+                return {};
+            }
+        }
+        if (is_known_to_stay && keeps_instances_)
+            instances_.emplace(*next, current);
+    }
+    return current;
+}
+
+/// What the first step stands for.
+ObjectPtr Evaluator::rootOf(ObjectPtr const& instance, PathStep const& first) {
+    auto const model = first.isModel() ? first.getNode()->asModelDeclaration() : nullptr;
+    return model ? expression_evaluator_->getOrCreateInstance(model, nullptr) : instance;
+}
+
+/// The object that the attribute of a step holds; made if the attribute has no value yet.
+ObjectPtr Evaluator::takeStep(ObjectPtr const& instance, ObjectPtr const& object, Chain const& link,
+                              bool& is_in_value) {
+    auto const& step = link.getStep();
+    auto const value = object->getDynamic(step.getName());
+    if (!value.isUndefined()) {
+        is_in_value = !value.isObject();
+        return value.isObject() ? value.asObject() : nullptr;
+    }
+    auto const type = typeOf(step);
+    auto const model = type ? type->asModelDeclaration() : nullptr;
+    if (!model)
+        return {};
+    auto next = expression_evaluator_->getOrCreateInstance(model, object);
+    if (!model->isConst())
+        next->setName(nameOf(*instance, link));
+    object->setDynamic(step.getName(), Any(next));
+    return next;
+}
+
+void Evaluator::registerObjects(ObjectPtr const& root) {
+    evaluator_context_->registerObject(root);
+    evaluator_context_->registerObjectsIn(*root);
+    for (auto const& instance : expression_evaluator_->getConstInstances())
+        evaluator_context_->registerObjectsIn(*instance);
+}
+
+} // namespace Slate::Core

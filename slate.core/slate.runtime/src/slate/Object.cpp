@@ -1,0 +1,128 @@
+#include "slate/Object.h"
+
+#include "slate/Annotation.h"
+#include "slate/Log.h"
+#include "slate/ModelDeclaration.h"
+#include "slate/Uuid.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Slate::Core {
+
+Object::Object() : Object(std::string()) {}
+
+Object::Object(std::string name) : type_list_{"Slate::Core::Object"}, name_(std::move(name)) {}
+
+namespace {
+
+void appendObjects(Any const& value, std::vector<std::shared_ptr<Object>>& output) {
+    if (value.isObject())
+        output.push_back(value.asObject());
+    else if (value.isArray())
+        std::ranges::for_each(value.asArray(), [&](Any const& element) { appendObjects(element, output); });
+}
+
+} // namespace
+
+Object::~Object() {
+    // Object by object, and only as far as nobody else holds one: trees may have any depth.
+    std::vector<std::shared_ptr<Object>> ahead;
+    auto const take_objects = [&ahead](Object& object) {
+        for (auto const& [key, value] : object.attributes_.entries())
+            appendObjects(value, ahead);
+        object.attributes_.take();
+    };
+    take_objects(*this);
+    while (!ahead.empty()) {
+        auto const object = std::move(ahead.back());
+        ahead.pop_back();
+        if (object.use_count() == 1)
+            take_objects(*object);
+    }
+}
+
+void Object::on_init() { uuid_ = makeUuid(); }
+
+void Object::triggerOnInit() {
+    if (on_init_done_)
+        return;
+    on_init_done_ = true;
+    uuid_ = makeUuid();
+}
+
+void Object::setDynamic(std::string const& key, Any value) {
+    if (auto* const known = attributes_.find(key))
+        *known = std::move(value);
+    else
+        attributes_.add(key, std::move(value));
+}
+
+Any Object::getDynamic(std::string const& key) const {
+    auto const* const value = attributes_.find(key);
+    return value == nullptr ? Any() : *value;
+}
+
+Any Object::callDynamic(std::string const& key, std::vector<Any> const& /*args*/) {
+    SLATE_LOG_ERROR("{} was not found and will return Any::Undefined", key);
+    return {};
+}
+
+void Object::extractObjectFieldsTo(std::vector<std::shared_ptr<Object>>& output) const {
+    for (auto const& [key, value] : attributes_.entries()) {
+        if (!value.isObject())
+            continue;
+        if (auto object = value.asObject())
+            output.push_back(std::move(object));
+        else
+            SLATE_LOG_ERROR("Invalid object in __dynamicFields");
+    }
+}
+
+void Object::extractEntriesTo(std::vector<std::pair<std::string, Any>>& output) const {
+    auto const& entries = attributes_.entries();
+    output.insert(output.end(), entries.begin(), entries.end());
+}
+
+vec<AnnotationPtr> Object::findAnnotations(std::string_view name) const {
+    vec<AnnotationPtr> found;
+    std::ranges::copy_if(annotations_, std::back_inserter(found),
+                         [name](AnnotationPtr const& annotation) { return annotation->getName() == name; });
+    return found;
+}
+
+void Object::visitLinks(std::function<void(std::shared_ptr<Object> const&)> const& visit) const {
+    if (owner_)
+        visit(owner_);
+    std::vector<Any const*> ahead;
+    for (auto const& [key, value] : attributes_.entries())
+        ahead.push_back(&value);
+    while (!ahead.empty()) {
+        auto const& value = *ahead.back();
+        ahead.pop_back();
+        if (value.isArray()) {
+            for (auto const& element : value.asArray())
+                ahead.push_back(&element);
+        } else if (auto const object = value.isObject() ? value.asObject() : nullptr) {
+            visit(object);
+        }
+    }
+}
+
+void Object::dropLinks() {
+    owner_.reset();
+    attributes_.take();
+}
+
+void Object::extractNestedObjectFieldsTo(std::unordered_set<std::shared_ptr<Object>>& output) const {
+    std::vector<std::shared_ptr<Object>> ahead;
+    extractObjectFieldsTo(ahead);
+    while (!ahead.empty()) {
+        auto const object = std::move(ahead.back());
+        ahead.pop_back();
+        if (object && output.insert(object).second)
+            object->extractObjectFieldsTo(ahead);
+    }
+}
+
+} // namespace Slate::Core
