@@ -167,7 +167,7 @@ std::vector<ImportPtr> SlateContextInternal::parseDocument(DocumentContext& cont
     if (context.bundle->name != default_bundle_name)
         document->appendToNamespace(context.bundle->name);
     appendDirectoriesToNamespace(*document, context.path, context.bundle->config_file_path);
-    context.document = std::move(document);
+    context.replaceDocument(std::move(document));
     return imports;
 }
 
