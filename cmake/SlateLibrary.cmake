@@ -6,8 +6,8 @@
 # order of the libraries is checked by every build.
 function(slate_library)
   cmake_parse_arguments(arg "" "NAME" "DEPENDS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/slate/*.cpp)
-  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/slate/*.h)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/slate/*.cpp)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/slate/*.h)
   add_library(${arg_NAME} OBJECT ${sources} ${headers})
   target_include_directories(${arg_NAME} PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/src>)
   target_link_libraries(${arg_NAME} PUBLIC ${arg_DEPENDS} PRIVATE spdlog::spdlog fmt::fmt)
@@ -21,7 +21,7 @@ endfunction()
 # The tests of a library, in the one executable `library.test`.
 function(slate_test)
   cmake_parse_arguments(arg "" "NAME" "" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tests/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tests/*.cpp)
   add_executable(${arg_NAME}.test ${sources})
   target_link_libraries(${arg_NAME}.test PRIVATE slate-core slate.testing GTest::gtest GTest::gmock
                                                  GTest::gtest_main spdlog::spdlog fmt::fmt)
