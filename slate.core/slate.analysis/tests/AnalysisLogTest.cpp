@@ -50,10 +50,8 @@ struct Bare {
 
 void growMaxPathsFromMembers(Bare& bare) {
     auto const base = bare.model("Base");
-    SymbolTreeNode::PathSet paths;
-    SymbolTreeNode::NodeSet nodes;
-    bare.node->grow_max_paths_from_members(TopologicalPath::create(base), Bare::attributesOf(base), paths,
-                                           nodes);
+    bare.node->grow_max_paths_from_members(TopologicalPath::create(base), Bare::attributesOf(base),
+                                           bare.tree->numberNextBody());
 }
 
 void growMaxPathsFromTypes(Bare& bare) {

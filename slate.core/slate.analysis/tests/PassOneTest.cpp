@@ -188,7 +188,7 @@ TEST(PassOne, RecordsWhatAModelIntroducesAndWhatItExtends) {
     EXPECT_EQ(analyzed.errors(), "test.slate: 20001 17:14 'Missing'\n");
     auto const frame = analyzed.findModel("Frame");
     vec<std::string> introduced;
-    for (auto const& [path, node] : frame->getNewSymbols())
+    for (auto const& [path, node] : frame->getNewSymbols().entries())
         introduced.push_back(path);
     EXPECT_THAT(introduced,
                 UnorderedElementsAre("part", "part.width", "part.bolt.length", "part.height", "move"));

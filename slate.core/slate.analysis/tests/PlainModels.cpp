@@ -14,8 +14,8 @@ namespace Slate::Testing {
 namespace {
 
 VarAssignPtr ownNewAttribute(ModelDeclPtr const& model, std::string const& path) {
-    auto const symbol = model->getNewSymbols().find(path);
-    auto const node = symbol == model->getNewSymbols().end() ? nullptr : symbol->second.lock();
+    auto const* const symbol = model->getNewSymbols().find(path);
+    auto const node = symbol == nullptr ? nullptr : symbol->lock();
     return node ? node->asVarAssignment() : nullptr;
 }
 
@@ -95,7 +95,7 @@ bool plainHasNewSymbol(ModelDeclPtr const& model, std::string const& path) {
 
 bool plainIsExtendedSymbol(ModelDeclPtr const& model, std::string const& path) {
     return std::ranges::any_of(chainOf(model),
-                               [&](auto const& at) { return at->getExtendedSymbols().contains(path); });
+                               [&](auto const& at) { return std::ranges::count(at->getExtendedSymbols(), path) > 0; });
 }
 
 VarAssignPtr plainLookupDeclaration(ModelDeclPtr const& model, std::string const& path) {

@@ -55,7 +55,7 @@ TokenVector segmentsOf(std::string const& path, Dice& dice) {
 std::vector<std::string> drawPaths(vec<ModelDeclPtr> const& models, Dice& dice) {
     std::set<std::string> all;
     for (auto const& model : models) {
-        for (auto const& [path, symbol] : model->getNewSymbols())
+        for (auto const& [path, symbol] : model->getNewSymbols().entries())
             all.insert(path);
         all.insert(model->getExtendedSymbols().begin(), model->getExtendedSymbols().end());
         for (auto const& member : model->getMembers()) {
@@ -225,7 +225,8 @@ TEST(RandomPrograms, NamesOfModelsAreThoseThatAPlainWalkFinds) {
                 EXPECT_EQ(names.isExtendedSymbol(*model, path), plainIsExtendedSymbol(model, path));
                 auto const segments = segmentsOf(path, dice);
                 auto const declaration = plainLookupDeclaration(model, path);
-                EXPECT_EQ(names.lookupDeclaration(*model, segments, 1, segments.size() - 1), declaration);
+                EXPECT_EQ(names.lookupDeclaration(*model, path), declaration);
+                EXPECT_EQ(model->lookupDeclarationFromSegments(segments, 1, segments.size() - 1), declaration);
                 EXPECT_EQ(names.findFirstMemberWithType(*model, path), plainFindMemberWithType(model, path));
                 auto const method = plainFindMethod(model, path);
                 EXPECT_EQ(names.findMethod(*model, path), method);

@@ -153,13 +153,27 @@ TEST(Any, NotANumberEqualsItselfByAddressAlone) {
     EXPECT_FALSE(any == copy);
 }
 
-TEST(Any, CopiesShareObjectsAndNothingElse) {
-    auto const array = arrayOf({Any::fromString("a"), Any(object)});
+TEST(Any, CopiesShareObjectsAndStayWhatTheyAre) {
+    auto array = arrayOf({Any::fromString("a"), Any(object)});
     Any copy;
     copy = array;
-    EXPECT_NE(&array.asArray(), &copy.asArray());
-    EXPECT_EQ(copy.asArray().back().asObject(), object);
     EXPECT_EQ(array, copy);
+    array = Any(std::int64_t{1});
+    EXPECT_EQ(copy.asArray().front().asString(), "a");
+    EXPECT_EQ(copy.asArray().back().asObject(), object);
+
+    auto text = Any::fromString("long enough to lie on the heap");
+    auto const copy_of_text = text;
+    text = Any(2.5);
+    EXPECT_EQ(copy_of_text.asString(), "long enough to lie on the heap");
+}
+
+TEST(Any, IsReadableAfterItWasMovedFrom) {
+    for (auto value : {Any::fromString("a"), arrayOf({Any(1.5)}), Any(object)}) {
+        auto const taken = std::move(value);
+        EXPECT_NO_THROW(value == taken); // NOLINT(bugprone-use-after-move)
+        EXPECT_FALSE(taken.isUndefined());
+    }
 }
 
 } // namespace

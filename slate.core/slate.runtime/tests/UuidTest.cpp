@@ -34,7 +34,7 @@ bool isUuid(std::string const& text) {
 std::vector<std::string> makeUuids(std::size_t count) {
     std::vector<std::string> uuids;
     for (std::size_t i = 0; i < count; ++i)
-        uuids.push_back(makeUuid());
+        uuids.push_back(Uuid::makeRandom().toString());
     return uuids;
 }
 

@@ -109,27 +109,35 @@ std::vector<std::string> AnalysisContext::resolveNsPaths(Document const& target,
 
 ModelDeclPtr AnalysisContext::findModelDeclaration(DocPtr const& document,
                                                    TokenVector const& segments) const {
-    auto const node = document ? document->nsLookup(Node::segmentsAsString(segments)) : nullptr;
+    if (!document)
+        return {};
+    auto const node = segments.size() == 1 ? document->nsLookup(segments.front().lexeme)
+                                           : document->nsLookup(Node::segmentsAsString(segments));
     return node ? node->asModelDeclaration() : nullptr;
 }
 
 TypePtr AnalysisContext::findType(DocPtr const& document, TokenVector const& segments) const {
+    if (!endsInArrayMarker(segments))
+        return findElementType(document, segments);
     auto element = segments;
     std::size_t dimensions = 0;
     for (; endsInArrayMarker(element); ++dimensions)
         element.resize(element.size() - 2);
-
-    TypePtr type;
-    for (auto const& primitive :
-         {primitive_type_real, primitive_type_bool, primitive_type_string, primitive_type_int}) {
-        if (element.size() == 1 && element.front().lexeme == primitive->toString())
-            type = primitive;
-    }
-    if (!type)
-        type = findModelDeclaration(document, element);
+    auto type = findElementType(document, element);
     for (; type && dimensions > 0; --dimensions)
         type = ArrayType::create(type);
     return type;
+}
+
+TypePtr AnalysisContext::findElementType(DocPtr const& document, TokenVector const& segments) const {
+    if (segments.size() == 1) {
+        for (auto const* primitive :
+             {&primitive_type_real, &primitive_type_bool, &primitive_type_string, &primitive_type_int}) {
+            if (segments.front().lexeme == (*primitive)->toString())
+                return *primitive;
+        }
+    }
+    return findModelDeclaration(document, segments);
 }
 
 ModelDeclPtr AnalysisContext::findModelDeclarationByNameIn(std::string const& name,

@@ -88,6 +88,8 @@ class AnalysisContext {
     void release();
 
   private:
+    TypePtr findElementType(DocPtr const& document, TokenVector const& segments) const;
+
     template <typename Visit>
     void forEachDocument(Visit visit) const;
 

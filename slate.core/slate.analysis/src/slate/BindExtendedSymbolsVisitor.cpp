@@ -7,7 +7,13 @@ namespace Slate::Analysis {
 
 void BindExtendedSymbolsVisitor::visitModelDeclaration(ModelDeclPtr const& node) {
     node->clearExtendedSymbols();
-    MemberWalk::visitModelDeclaration(node);
+    for (auto const& member : node->getMembers()) {
+        // Nearly all attributes declare one name and nothing inside of it: nothing of them is recorded.
+        auto const* const attribute =
+            member->isVarAssignment() ? static_cast<VarAssignment const*>(member.get()) : nullptr;
+        if (attribute != nullptr && (attribute->getSegments().size() > 1 || !attribute->getMembers().empty()))
+            member->accept(*this);
+    }
 }
 
 void BindExtendedSymbolsVisitor::visitVarAssignment(VarAssignPtr const& node) {

@@ -27,6 +27,13 @@ ExpressionPtr nameAsExpression(ModelDeclaration const& model) {
 
 } // namespace
 
+void BindImplicitRhsVisitor::visitModelDeclaration(ModelDeclPtr const& node) {
+    for (auto const& member : node->getMembers()) {
+        if (member->isVarAssignment() && !static_cast<VarAssignment const&>(*member).getValue())
+            member->accept(*this);
+    }
+}
+
 void BindImplicitRhsVisitor::visitVarAssignment(VarAssignPtr const& node) {
     if (node->getValue())
         return;

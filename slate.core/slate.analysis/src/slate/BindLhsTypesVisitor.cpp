@@ -45,11 +45,12 @@ void BindLhsTypesVisitor::visitVarAssignment(VarAssignPtr const& node) {
     if (!node->isValid())
         return;
     // An attribute that knows none around it begins anew.
-    TokenVector segments_before;
+    vec<Token const*> segments_before;
     auto const offset = node->getParent() ? full_segments_.size() : 0;
     if (!node->getParent())
         segments_before = std::exchange(full_segments_, {});
-    full_segments_.insert(full_segments_.end(), node->getSegments().begin(), node->getSegments().end());
+    for (auto const& segment : node->getSegments())
+        full_segments_.push_back(&segment);
 
     if (!node->getOwningModel() || bindTarget(node, offset))
         visitBody(node);
@@ -85,6 +86,11 @@ void BindLhsTypesVisitor::visitBody(VarAssignPtr const& node) {
 
 /// Answers whether the body of the assignment is to be visited.
 bool BindLhsTypesVisitor::bindTarget(VarAssignPtr const& node, std::size_t offset) {
+    // The most frequent case of what follows.
+    if (node->getSegments().size() == 1 && node->getOperatorToken().type == TokenType::Is) {
+        node->setTargetsItself();
+        return true;
+    }
     Target target{node, offset, {}};
     if (!resolve(target))
         return false;
@@ -165,13 +171,22 @@ VarAssignPtr BindLhsTypesVisitor::findInTypesOnTheWay(Target const& target, std:
 
 VarAssignPtr BindLhsTypesVisitor::search(ModelDeclPtr const& model, std::size_t first_ix,
                                          std::size_t last_ix) const {
-    return model ? names_.lookupDeclaration(*model, full_segments_, first_ix, last_ix) : nullptr;
+    if (!model || last_ix - first_ix >= names_.countSegmentsOfLongestSymbol())
+        return {};
+    return names_.lookupDeclaration(*model, joinFullSegments(first_ix, last_ix));
+}
+
+std::string BindLhsTypesVisitor::joinFullSegments(std::size_t first_ix, std::size_t last_ix) const {
+    auto path = full_segments_[first_ix]->lexeme;
+    for (auto i = first_ix + 1; i <= last_ix; ++i)
+        path += "." + full_segments_[i]->lexeme;
+    return path;
 }
 
 /// A redeclaration may only narrow the type, and nothing may have been declared inside of what it replaces.
 bool BindLhsTypesVisitor::checkRedeclaration(VarAssignPtr const& node, VarAssignPtr const& redeclared) {
     auto const extended = node->getOwningModel()->getExtends();
-    if (extended && names_.isExtendedSymbol(*extended, Node::segmentsAsString(full_segments_))) {
+    if (extended && names_.isExtendedSymbol(*extended, joinFullSegments(0, full_segments_.size() - 1))) {
         reportMismatch(*node, node->getSourceId());
         return false;
     }

@@ -40,6 +40,11 @@ void ExpressionBinder::setScope(DocPtr const& document, TypePtr const& outer_typ
 }
 
 void ExpressionBinder::bind(ExpressionPtr const& expression) {
+    if (expression && expression->isConstant()) {
+        if (expression->isValid())
+            bindConstant(static_cast<Constant&>(*expression));
+        return;
+    }
     Chain chain;
     for (auto link = expression; link && link->isValid();)
         link = open(chain, link);
@@ -95,7 +100,7 @@ void ExpressionBinder::bindName(Constant& node) {
         type = typeOfGlobal(*global);
         node.setDeclaration(global);
     } else if (auto const model = outerModel()) {
-        if (auto const attribute = names_.lookupDeclaration(*model, {token}, 0, 0)) {
+        if (auto const attribute = names_.lookupDeclaration(*model, token.lexeme)) {
             type = attribute->getOwnType();
             node.setDeclaration(attribute);
         }
@@ -164,22 +169,23 @@ VarAssignPtr ExpressionBinder::findByPath(Chain const& chain, MemberAccess const
     auto const first_ix = chain.names.front()->lexeme == "this" ? 1U : 0U;
     auto const model = outerModel();
     if (model && name_count - first_ix <= names_.countSegmentsOfLongestSymbol()) {
-        TokenVector tokens;
+        std::string path;
         for (auto i = std::size_t{first_ix}; i < name_count; ++i)
-            tokens.push_back(*chain.names[i]);
-        if (auto member = names_.lookupDeclaration(*model, tokens, 0, tokens.size() - 1))
+            path += (i > first_ix ? "." : "") + chain.names[i]->lexeme;
+        if (auto member = names_.lookupDeclaration(*model, path))
             return member;
     }
 
     // From the operand of the operand by two names, then from the operand by one.
     auto const outer_access = node.getLhs()->asMemberAccess();
-    if (outer_access) {
+    auto const& name = node.getNameToken().lexeme;
+    if (outer_access && names_.countSegmentsOfLongestSymbol() > 1) {
         auto const outer_operand = asModel(outer_access->getLhs()->getType());
-        TokenVector const tokens{outer_access->getNameToken(), node.getNameToken()};
-        if (auto member = outer_operand ? names_.lookupDeclaration(*outer_operand, tokens, 0, 1) : nullptr)
+        auto const path = outer_access->getNameToken().lexeme + "." + name;
+        if (auto member = outer_operand ? names_.lookupDeclaration(*outer_operand, path) : nullptr)
             return member;
     }
-    return names_.lookupDeclaration(*asModel(node.getLhs()->getType()), {node.getNameToken()}, 0, 0);
+    return names_.lookupDeclaration(*asModel(node.getLhs()->getType()), name);
 }
 
 ModelDeclPtr ExpressionBinder::outerModel() const { return asModel(outer_type_); }

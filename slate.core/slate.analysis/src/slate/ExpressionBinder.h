@@ -77,7 +77,7 @@ class ExpressionBinder {
     // Operators and lists.
     void bindUnary(Unary& node);
     void closeBinaryOp(BinaryOp& node);
-    void bindPrimitives(BinaryOp& node, PrimitiveTypePtr const& lhs, PrimitiveTypePtr const& rhs);
+    void bindPrimitives(BinaryOp& node, TypePtr const& lhs, TypePtr const& rhs);
     void closeIndexing(Indexing& node);
     void bindArray(ArrayPtr const& node);
     void bindInitializer(InitializerPtr const& node);

@@ -58,10 +58,8 @@ void ExpressionBinder::closeBinaryOp(BinaryOp& node) {
     auto const rhs = node.getRhs() ? node.getRhs()->getType() : nullptr;
     if (!lhs || !rhs)
         return;
-    auto const primitive_lhs = asPrimitive(lhs);
-    auto const primitive_rhs = asPrimitive(rhs);
-    if (primitive_lhs && primitive_rhs) {
-        bindPrimitives(node, primitive_lhs, primitive_rhs);
+    if (lhs->isPrimitiveType() && rhs->isPrimitiveType()) {
+        bindPrimitives(node, lhs, rhs);
     } else if (auto const overload = operators_.findBinary(node.getOperatorToken().type, lhs, rhs)) {
         node.setType(overload->getReturnType());
         node.setOverload(overload);
@@ -71,14 +69,15 @@ void ExpressionBinder::closeBinaryOp(BinaryOp& node) {
 }
 
 /// A division is a real number, whatever is divided.
-void ExpressionBinder::bindPrimitives(BinaryOp& node, PrimitiveTypePtr const& lhs,
-                                      PrimitiveTypePtr const& rhs) {
+void ExpressionBinder::bindPrimitives(BinaryOp& node, TypePtr const& lhs, TypePtr const& rhs) {
+    auto const& lhs_primitive = static_cast<PrimitiveType const&>(*lhs);
+    auto const& rhs_primitive = static_cast<PrimitiveType const&>(*rhs);
     if (node.getOperatorToken().type == TokenType::Slash)
         node.setType(context_->primitive_type_real);
-    else if (lhs->getKind() == rhs->getKind())
+    else if (lhs_primitive.getKind() == rhs_primitive.getKind())
         node.setType(lhs);
-    else if (isNumber(*lhs) && isNumber(*rhs))
-        node.setType(lhs->getKind() == Kind::Real ? lhs : rhs);
+    else if (isNumber(lhs_primitive) && isNumber(rhs_primitive))
+        node.setType(lhs_primitive.getKind() == Kind::Real ? lhs : rhs);
     else
         rejectType(node);
 }

@@ -37,14 +37,20 @@ GlobalPrefix findGlobalPrefix(Document const* document, vec<Token const*> const&
     return {};
 }
 
+/// Null if there is no such branch.
+SymbolTreeNode const* childOf(SymbolTreeNode const& branch, std::string_view name) {
+    auto const* const child = branch.getChildren().find(name);
+    return child == nullptr ? nullptr : child->get();
+}
+
 /// The branches that names lead to one after the other, as far as there are any; "this" stays where it is.
-vec<SymbolTreeNodePtr> branchesAlong(SymbolTreeNodePtr branch, vec<Token const*> const& names,
-                                     std::size_t offset) {
-    vec<SymbolTreeNodePtr> branches;
-    for (auto i = offset; branch && i < names.size(); ++i) {
+std::vector<SymbolTreeNode const*> branchesAlong(SymbolTreeNode const* branch,
+                                                 vec<Token const*> const& names, std::size_t offset) {
+    std::vector<SymbolTreeNode const*> branches;
+    for (auto i = offset; branch != nullptr && i < names.size(); ++i) {
         if (names[i]->lexeme != "this")
-            branch = branch->findChild(names[i]->lexeme);
-        if (branch)
+            branch = childOf(*branch, names[i]->lexeme);
+        if (branch != nullptr)
             branches.push_back(branch);
     }
     return branches;
@@ -55,17 +61,25 @@ vec<SymbolTreeNodePtr> branchesAlong(SymbolTreeNodePtr branch, vec<Token const*>
 FindEdgesVisitor::FindEdgesVisitor(std::shared_ptr<SymbolTree> tree) : tree_(std::move(tree)) {}
 
 void FindEdgesVisitor::findEdges(TopoPathPtr const& path) {
+    findEdges(path, tree_->walk(*path->getOuterPath()).get());
+}
+
+void FindEdgesVisitor::findEdges(TopoPathPtr const& path, SymbolTreeNode const* outer_branch) {
     auto const value = path->getLastStepExpression();
     if (!value)
         return;
     current_path_ = path;
     current_document_ = path->getLastStep()->getDocument();
-    outer_branch_ = tree_->walk(*path->getOuterPath());
+    outer_branch_ = outer_branch;
     walk(value);
 }
 
 void FindEdgesVisitor::walk(ExpressionPtr const& expression) {
     for (auto next = expression; next;) {
+        if (next->isConstant()) {
+            readName(static_cast<Constant const&>(*next));
+            return;
+        }
         ahead_.reset();
         next->accept(*this);
         next = std::exchange(ahead_, nullptr);
@@ -73,20 +87,22 @@ void FindEdgesVisitor::walk(ExpressionPtr const& expression) {
 }
 
 void FindEdgesVisitor::addEdgesFrom(SymbolTreeNode const& branch) {
-    std::vector<TopoPathPtr> paths;
-    SymbolTree::appendMaxPaths(branch, paths);
-    for (auto const& path : paths)
-        path->addEdge(current_path_);
+    SymbolTree::forEachMaxPath(branch, [this](TopoPathPtr const& path) { path->addEdge(current_path_); });
 }
 
-void FindEdgesVisitor::visitConstant(ConstantPtr const& node) {
-    auto const& token = node->getToken();
+void FindEdgesVisitor::visitConstant(ConstantPtr const& node) { readName(*node); }
+
+void FindEdgesVisitor::readName(Constant const& node) {
+    auto const& token = node.getToken();
     if (token.type != TokenType::Identifier)
         return;
     auto const global = current_document_ ? current_document_->nsLookupConstOrVar(token.lexeme) : nullptr;
-    auto const sibling = !global && outer_branch_ ? outer_branch_->findChild(token.lexeme) : nullptr;
-    if (auto const branch = global ? tree_->findRoot(*global) : sibling)
-        addEdgesFrom(*branch);
+    if (global) {
+        if (auto const root = tree_->findRoot(*global))
+            addEdgesFrom(*root);
+    } else if (auto const* sibling = outer_branch_ == nullptr ? nullptr : childOf(*outer_branch_, token.lexeme)) {
+        addEdgesFrom(*sibling);
+    }
 }
 
 // The longest run of names that leads to something with a value is what is read. A name that is looked up
@@ -97,9 +113,10 @@ void FindEdgesVisitor::visitMemberAccess(MemberAccessPtr const& node) {
         ahead_ = node->getLhs();
         return;
     }
+    tree_->noteMaxPaths();
     auto const global = findGlobalPrefix(current_document_.get(), *names);
     auto const root = global.node ? tree_->findRoot(*global.node) : nullptr;
-    auto const from_global = branchesAlong(root, *names, global.name_count);
+    auto const from_global = branchesAlong(root.get(), *names, global.name_count);
     auto const from_outer = branchesAlong(outer_branch_, *names, 0);
     for (auto count = names->size(); count > 1; --count) {
         bool const is_global = global.node && count >= global.name_count;

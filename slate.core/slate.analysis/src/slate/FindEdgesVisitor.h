@@ -17,6 +17,9 @@ class FindEdgesVisitor : public NodeVisitor {
     /// Of the value of the path's last step, if it has one.
     void findEdges(TopoPathPtr const& path);
 
+    /// The same, with the branch of the object that holds the path's attribute; null for a top-level variable.
+    void findEdges(TopoPathPtr const& path, SymbolTreeNode const* outer_branch);
+
     void visitConstant(ConstantPtr const& node) override;
     void visitCall(CallPtr const& node) override;
     void visitMemberAccess(MemberAccessPtr const& node) override;
@@ -28,12 +31,13 @@ class FindEdgesVisitor : public NodeVisitor {
   private:
     /// Visits an expression, and along its chain all that the visits leave ahead.
     void walk(ExpressionPtr const& expression);
+    void readName(Constant const& node);
     void addEdgesFrom(SymbolTreeNode const& branch);
 
     std::shared_ptr<SymbolTree> tree_;
     DocPtr current_document_;
     TopoPathPtr current_path_;
-    SymbolTreeNodePtr outer_branch_; // where the object is that holds the current path's attribute
+    SymbolTreeNode const* outer_branch_ = nullptr; // of the object that holds the current path's attribute
     ExpressionPtr ahead_;
 };
 

@@ -8,6 +8,7 @@
 #include "slate/VarAssignment.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace Slate::Analysis {
 
@@ -36,13 +37,6 @@ void walkUp(ModelDeclaration const& model, Visit visit) {
     }
 }
 
-std::string joinSegments(TokenVector const& segments, std::size_t first_ix, std::size_t last_ix) {
-    std::string path = segments[first_ix].lexeme;
-    for (auto i = first_ix + 1; i <= last_ix; ++i)
-        path += "." + segments[i].lexeme;
-    return path;
-}
-
 } // namespace
 
 InheritedNames::InheritedNames(std::vector<DocPtr> const& documents) : hierarchy_(documents) {
@@ -56,19 +50,27 @@ InheritedNames::InheritedNames(std::vector<DocPtr> const& documents) : hierarchy
     };
 
     std::vector<Marks> marks;
+    // Left when the next place is entered, since behind the last one nothing is asked for.
+    std::optional<Marks> left;
+    auto const leave = [&](std::size_t next_place) {
+        symbols_.leave(left->symbols, next_place);
+        extended_symbols_.leave(left->extended_symbols, next_place);
+        declarations_.leave(left->declarations, next_place);
+        typed_members_.leave(left->typed_members, next_place);
+        methods_.leave(left->methods, next_place);
+        mixed_in_.leave(left->mixed_in, next_place);
+        left.reset();
+    };
     hierarchy_.walk(
         [&](ModelDeclaration const& model, std::size_t place) {
+            if (left)
+                leave(place);
             marks.push_back({symbols_.mark(), extended_symbols_.mark(), declarations_.mark(),
                              typed_members_.mark(), methods_.mark(), mixed_in_.mark()});
             addModel(model, place);
         },
-        [&](ModelDeclaration const& /*model*/, std::size_t next_place) {
-            symbols_.leave(marks.back().symbols, next_place);
-            extended_symbols_.leave(marks.back().extended_symbols, next_place);
-            declarations_.leave(marks.back().declarations, next_place);
-            typed_members_.leave(marks.back().typed_members, next_place);
-            methods_.leave(marks.back().methods, next_place);
-            mixed_in_.leave(marks.back().mixed_in, next_place);
+        [&](ModelDeclaration const& /*model*/, std::size_t /*next_place*/) {
+            left = marks.back(); // with all that was entered below
             marks.pop_back();
         });
 }
@@ -78,7 +80,7 @@ void InheritedNames::measureSymbols(vec<NodePtr> const& members) {
         auto const model = member->asModelDeclaration();
         if (!model)
             continue;
-        for (auto const& [path, symbol] : model->getNewSymbols()) {
+        for (auto const& [path, symbol] : model->getNewSymbols().entries()) {
             auto const segments = static_cast<std::size_t>(std::ranges::count(path, '.')) + 1;
             segments_of_longest_symbol_ = std::max(segments_of_longest_symbol_, segments);
         }
@@ -88,7 +90,7 @@ void InheritedNames::measureSymbols(vec<NodePtr> const& members) {
 // What is entered first for a name at a place stays: own names go before those of traits, and among these the
 // first trait and its nearest base win.
 void InheritedNames::addModel(ModelDeclaration const& model, std::size_t place) {
-    for (auto const& [path, symbol] : model.getNewSymbols())
+    for (auto const& [path, symbol] : model.getNewSymbols().entries())
         symbols_.set(path, true, place);
     for (auto const& path : model.getExtendedSymbols())
         extended_symbols_.set(path, true, place);
@@ -111,7 +113,7 @@ void InheritedNames::addTrait(ModelDeclaration const& trait, std::size_t place) 
 }
 
 void InheritedNames::addSymbols(ModelDeclaration const& model, std::size_t place) {
-    for (auto const& [path, symbol] : model.getNewSymbols()) {
+    for (auto const& [path, symbol] : model.getNewSymbols().entries()) {
         auto const node = symbol.lock();
         auto const attribute = node ? node->asVarAssignment() : nullptr;
         if (attribute && !declarations_.isSetAt(path, place))
@@ -148,13 +150,11 @@ bool InheritedNames::isExtendedSymbol(ModelDeclaration const& model, std::string
     return place ? extended_symbols_.find(symbol_path, place->begin) : model.isExtendedSymbol(symbol_path);
 }
 
-VarAssignPtr InheritedNames::lookupDeclaration(ModelDeclaration const& model, TokenVector const& segments,
-                                               std::size_t first_ix, std::size_t last_ix) const {
-    if (last_ix - first_ix >= segments_of_longest_symbol_)
-        return {};
+VarAssignPtr InheritedNames::lookupDeclaration(ModelDeclaration const& model,
+                                               std::string_view symbol_path) const {
     if (auto const place = hierarchy_.placeOf(model))
-        return declarations_.find(joinSegments(segments, first_ix, last_ix), place->begin);
-    return model.lookupDeclarationFromSegments(segments, first_ix, last_ix);
+        return declarations_.find(symbol_path, place->begin);
+    return model.lookupDeclarationWithTraits(symbol_path);
 }
 
 VarAssignPtr InheritedNames::findFirstMemberWithType(ModelDeclaration const& model,

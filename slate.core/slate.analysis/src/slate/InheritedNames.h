@@ -4,7 +4,6 @@
 #include "slate/ModelHierarchy.h"
 #include "slate/NodeTypes.h"
 #include "slate/ScopedTable.h"
-#include "slate/Token.h"
 
 #include <cstddef>
 #include <string>
@@ -28,10 +27,9 @@ class InheritedNames {
     /// `ModelDeclaration::isExtendedSymbol`.
     bool isExtendedSymbol(ModelDeclaration const& model, std::string_view symbol_path) const;
 
-    /// `ModelDeclaration::lookupDeclarationFromSegments`; at once for a path with more segments than any
-    /// symbol has.
-    VarAssignPtr lookupDeclaration(ModelDeclaration const& model, TokenVector const& segments,
-                                   std::size_t first_ix, std::size_t last_ix) const;
+    /// `ModelDeclaration::lookupDeclarationWithTraits`. No symbol has more segments than
+    /// `countSegmentsOfLongestSymbol`: there is no need to ask for a longer path.
+    VarAssignPtr lookupDeclaration(ModelDeclaration const& model, std::string_view symbol_path) const;
 
     /// `ModelDeclaration::findFirstMemberWithType`.
     VarAssignPtr findFirstMemberWithType(ModelDeclaration const& model, std::string_view name) const;

@@ -36,7 +36,9 @@ void InvalidateGlobalDuplicateSymbolsVisitor::checkGlobalName(Document const& do
 
 void InvalidateGlobalDuplicateSymbolsVisitor::visitModelDeclaration(ModelDeclPtr const& node) {
     acceptAll(node->getTraits());
-    acceptAll(node->getMembers());
+    // Only what is inherited can be declared twice here.
+    if (node->getExtends())
+        acceptAll(node->getMembers());
 }
 
 void InvalidateGlobalDuplicateSymbolsVisitor::visitTraitImpl(TraitImplPtr const& node) {

@@ -20,7 +20,7 @@ void InvalidateLocalDuplicateSymbolsVisitor::visitDocument(DocPtr const& node) {
         if (member->isVarAssignment()) {
             member->accept(*this);
         } else if (auto const model = member->asModelDeclaration()) {
-            if (!names_.insert(model->getName()).second)
+            if (!names_.add(model->getName()))
                 reject(*model, model->getName(), model->getNameToken(), model->getSourceIdOrDefault());
             models.push_back(model);
         }
@@ -36,21 +36,20 @@ void InvalidateLocalDuplicateSymbolsVisitor::visitModelDeclaration(ModelDeclPtr 
 
 void InvalidateLocalDuplicateSymbolsVisitor::visitVarAssignment(VarAssignPtr const& node) {
     FullPath::At const here(full_path_, *node);
-    if (node->isDeclaration() && !names_.insert(full_path_.text()).second)
+    if (node->isDeclaration() && !names_.add(full_path_.text()))
         reject(*node, full_path_.text(), node->getSegments().back(), node->getSourceId());
     acceptAll(node->getAnnotations());
     acceptAll(node->getMembers());
 }
 
 void InvalidateLocalDuplicateSymbolsVisitor::visitMethodDeclaration(MethodDeclPtr const& node) {
-    if (names_.insert(node->getName()).second)
+    if (names_.add(node->getName()))
         return;
     auto const model = node->getOwningModel();
     reject(*node, node->getName(), node->getNameToken(), model ? model->getSourceIdOrDefault() : "");
 }
 
-/// With a new table: to clear one takes as long as it ever was large.
-void InvalidateLocalDuplicateSymbolsVisitor::beginScope() { names_ = StringSet(); }
+void InvalidateLocalDuplicateSymbolsVisitor::beginScope() { names_.clear(); }
 
 void InvalidateLocalDuplicateSymbolsVisitor::reject(Node& node, std::string const& name, Token const& token,
                                                     std::string const& source_id) {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "slate/ErrorReporter.h"
-#include "slate/Fnv1a.h"
 #include "slate/FullPath.h"
 #include "slate/MemberWalk.h"
+#include "slate/NamedList.h"
 #include "slate/Token.h"
 
 #include <memory>
@@ -27,7 +27,7 @@ class InvalidateLocalDuplicateSymbolsVisitor : public MemberWalk {
     void reject(Node& node, std::string const& name, Token const& token, std::string const& source_id);
 
     std::shared_ptr<ErrorReporter> error_reporter_;
-    StringSet names_; // of the current scope
+    NameSet names_; // of the current scope
     FullPath full_path_;
 };
 

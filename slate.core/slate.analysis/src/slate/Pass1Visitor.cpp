@@ -37,9 +37,13 @@ void Pass1Visitor::visitModelDeclaration(ModelDeclPtr const& node) {
     bindParent(*node);
     current_model_ = node;
     acceptAll(node->getTraits());
+    // What was invalid before is removed by now, and nothing is rejected without a word.
+    auto const& reporter = *context_->getErrorReporter();
+    auto const errors_before = reporter.getErrorCount();
     acceptAll(node->getMembers());
     current_model_.reset();
-    node->removeInvalidMembers();
+    if (reporter.getErrorCount() > errors_before)
+        node->removeInvalidMembers();
 }
 
 void Pass1Visitor::bindParent(ModelDeclaration& model) {

@@ -1,6 +1,5 @@
 #include "slate/Pass2Visitor.h"
 
-#include "slate/Annotation.h"
 #include "slate/Document.h"
 #include "slate/ModelDeclaration.h"
 #include "slate/OperatorOverload.h"
@@ -16,11 +15,7 @@ void Pass2Visitor::visitDocument(DocPtr const& node) {
     current_document_.reset();
 }
 
-void Pass2Visitor::visitModelDeclaration(ModelDeclPtr const& node) {
-    acceptAll(node->getAnnotations());
-    acceptAll(node->getMembers());
-    node->removeInvalidMembers();
-}
+void Pass2Visitor::visitModelDeclaration(ModelDeclPtr const& node) { node->removeInvalidMembers(); }
 
 // Each of two equal overloads is reported: the one marked first still counts for the other.
 void Pass2Visitor::visitOperatorOverload(OpOverloadPtr const& node) {

@@ -1,6 +1,8 @@
 #include "slate/SortTopologically.h"
 
+#include "slate/BranchWalk.h"
 #include "slate/CycleFoundError.h"
+#include "slate/EmptyModels.h"
 #include "slate/FindEdgesVisitor.h"
 #include "slate/Join.h"
 #include "slate/ModelDeclaration.h"
@@ -32,44 +34,76 @@ BarriersPtr addBarrier(BarriersPtr const& before, Chain const& link) {
         Barriers{model->isTrait() ? ErrPathThroughTrait : ErrPathThroughConst, before});
 }
 
-/// One error for each barrier between the first step and the last.
-void reportBarriers(Paths const& paths, ErrorReporter& reporter) {
-    PrefixMemo<BarriersPtr> memo;
-    for (auto const& path : paths) {
-        auto const& chain = path->getChain();
+/// Goes over a symbol tree once, and collects what is to be sorted.
+class Collector {
+  public:
+    Collector(std::shared_ptr<SymbolTree> const& tree, ErrorReporter& reporter)
+        : finder_(tree), reporter_(reporter) {
+        for (auto const& [node, root] : tree->getRoots())
+            BranchWalk(*root, node).run([this](BranchWalk& walk) {
+                take(walk);
+                return true;
+            });
+    }
+
+    // All in the order in which the tree holds them.
+    Paths of_empty_models;
+    Paths max_paths; // with edges between them
+    Paths of_annotations;
+
+  private:
+    void take(BranchWalk& walk) {
+        auto const& branch = walk.branch();
+        if (auto const& path = branch.getMaxPath()) {
+            reportBarriers(*path);
+            addEdges(path, walk);
+            max_paths.push_back(path);
+        } else if (walk.isOfEmptyModel(empty_models_)) {
+            of_empty_models.push_back(walk.declaredPath()->prefix(0));
+        }
+        for (auto const& [name, path] : branch.getAnnotationPaths().entries())
+            of_annotations.push_back(path);
+        SymbolTree::setOuterTypesAt(walk);
+    }
+
+    /// One error for each barrier between the first step and the last.
+    void reportBarriers(TopologicalPath const& path) {
+        auto const& chain = path.getChain();
         if (chain->countSteps() < 3)
-            continue;
+            return;
         std::vector<ErrorCode> codes;
-        auto barrier = memo.get(
+        auto barrier = barriers_.get(
             chain->getPrevious(), [](Chain const&) { return BarriersPtr(); }, addBarrier);
         for (; barrier; barrier = barrier->before)
             codes.push_back(barrier->code);
         for (auto code = codes.rbegin(); code != codes.rend(); ++code) {
-            auto const token = path->getLastStep()->getToken();
-            reporter.reportError(
-                Error::create(*code, token.line, token.column, path->getLastStep()->getSourceId()));
+            auto const token = path.getLastStep()->getToken();
+            reporter_.reportError(
+                Error::create(*code, token.line, token.column, path.getLastStep()->getSourceId()));
         }
     }
-}
 
-void addEdges(Paths const& paths, std::shared_ptr<SymbolTree> const& tree) {
-    FindEdgesVisitor finder(tree);
-    for (auto const& path : paths) {
-        finder.findEdges(path);
+    void addEdges(TopoPathPtr const& path, BranchWalk const& walk) {
+        auto const* const outer = path->getOuterLink();
+        finder_.findEdges(path,
+                          outer == nullptr ? nullptr : &walk.branchAt(outer->countMembersBehindFirst()));
         // A value comes before what is assigned inside of it.
-        for (auto const& below : tree->pathsUnder(*path)) {
+        SymbolTree::forEachMaxPath(walk.branch(), [&path](TopoPathPtr const& below) {
             if (below != path)
                 path->addEdge(below);
-        }
+        });
     }
-    for (auto const& path : paths) {
-        for (auto const& later : path->getEdges())
-            later->addToInDegree(1);
-    }
-}
+
+    FindEdgesVisitor finder_;
+    ErrorReporter& reporter_;
+    EmptyModels empty_models_;
+    PrefixMemo<BarriersPtr> barriers_;
+};
 
 /// Those that are in no cycle and behind none.
 Paths takeInOrder(Paths const& paths) {
+    for (auto const& path : paths)
+        path->forEachEdge([](TopoPathPtr const& later) { later->addToInDegree(1); });
     Paths ready;
     std::ranges::copy_if(paths, std::back_inserter(ready),
                          [](TopoPathPtr const& path) { return path->getInDegree() == 0; });
@@ -78,13 +112,13 @@ Paths takeInOrder(Paths const& paths) {
     while (!ready.empty()) {
         auto const path = std::move(ready.back());
         ready.pop_back();
-        for (auto const& later : path->getEdges()) {
+        path->forEachEdge([&ready](TopoPathPtr const& later) {
             if (later->getInDegree() == 0)
-                continue;
+                return;
             later->addToInDegree(-1);
             if (later->getInDegree() == 0)
                 ready.push_back(later);
-        }
+        });
         done.push_back(path);
     }
     return done;
@@ -110,19 +144,15 @@ void appendCyclic(Paths& done, Paths const& paths, ModelDeclaration const& model
 
 void sortTopologically(ModelDeclPtr const& model, std::shared_ptr<SymbolTree> const& tree,
                        std::shared_ptr<ErrorReporter> const& reporter) {
-    auto const paths = tree->collectMaxPaths();
-    reportBarriers(paths, *reporter);
-    auto sorted = tree->collectEmptyModelPaths();
+    Collector collected(tree, *reporter);
+    tree->setOuterTypes(collected.of_empty_models);
+    auto done = takeInOrder(collected.max_paths);
+    if (done.size() < collected.max_paths.size())
+        appendCyclic(done, collected.max_paths, *model, *reporter);
 
-    addEdges(paths, tree);
-    auto done = takeInOrder(paths);
-    if (done.size() < paths.size())
-        appendCyclic(done, paths, *model, *reporter);
-
+    auto sorted = std::move(collected.of_empty_models);
     sorted.insert(sorted.end(), done.begin(), done.end());
-    auto const annotations = tree->collectAnnotationPaths();
-    sorted.insert(sorted.end(), annotations.begin(), annotations.end());
-    tree->setOuterTypes(sorted);
+    sorted.insert(sorted.end(), collected.of_annotations.begin(), collected.of_annotations.end());
     model->setTopologicalSort(std::move(sorted));
 }
 

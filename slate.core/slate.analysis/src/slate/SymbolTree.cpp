@@ -1,11 +1,13 @@
 #include "slate/SymbolTree.h"
 
 #include "slate/AnalysisErrors.h"
+#include "slate/BranchWalk.h"
 #include "slate/EmptyModels.h"
 #include "slate/ModelType.h"
 #include "slate/NamePath.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Slate {
 
@@ -13,19 +15,6 @@ namespace {
 
 using Chain = TopologicalPath::Chain;
 using ChainPtr = TopologicalPath::ChainPtr;
-
-/// A branch and the path that leads to it, without the declaration of the branch itself.
-struct Visit {
-    SymbolTreeNode const* node;
-    TopoPathPtr path;
-};
-
-/// Puts the branches below a node on a stack, so that they come off it in order.
-void addChildren(std::vector<Visit>& ahead, SymbolTreeNode const& node, TopoPathPtr const& path) {
-    auto const& children = node.getChildren().entries();
-    for (auto child = children.rbegin(); child != children.rend(); ++child)
-        ahead.push_back({child->second.get(), path});
-}
 
 /// Calls `visit(branch)` for a branch and all below it, depth first.
 template <typename VisitBranch>
@@ -66,6 +55,20 @@ struct Typed {
     ChainPtr chain;
 };
 
+/// Sets the outer types of the last steps, up to those that have theirs. All steps lead to branches of the walk.
+void setOuterTypesOfChain(BranchWalk const& walk, Chain const* link) {
+    if (isAnnotation(link->getStep())) {
+        link->getStep().setOuterType(link->getStep().getType());
+        link = link->getPrevious().get();
+    }
+    auto const* member = link->getLastMember();
+    while (member != nullptr && !member->getStep().getOuterType()) {
+        auto const& declaration = walk.branchAt(member->countMembersBehindFirst()).getDeclaration();
+        member->getStep().setOuterType(declaration ? declaration->getType() : nullptr);
+        member = member->getPrevious()->getLastMember();
+    }
+}
+
 /// One step further.
 Typed typeNext(Typed const& typed, Chain const& link) {
     if (!typed.chain || (link.getStep().isMember() && !typed.branch))
@@ -94,11 +97,7 @@ std::shared_ptr<SymbolTree> SymbolTree::create(vec<NodePtr> const& root_nodes,
         if (!tree->root_of_node_.emplace(node.get(), root).second)
             continue;
         tree->roots_.emplace_back(node, root);
-        UnfoldedModels visited;
-        root->grow_paths(TopologicalPath::create(node), {}, visited);
-        visited.clear();
-        root->grow_max_paths(TopologicalPath::create(node), {}, visited);
-        root->noteMaxPaths();
+        root->growAsRoot(node);
     }
     return tree;
 }
@@ -108,24 +107,18 @@ SymbolTree::SymbolTree(CreateKey, std::shared_ptr<ErrorReporter>&& error_reporte
 
 void SymbolTree::reportMissingAssignments() {
     EmptyModels empty_models;
-    std::vector<Visit> ahead;
     for (auto const& [root_node, root] : roots_) {
-        ahead.push_back({root.get(), TopologicalPath::create(root_node)});
-        while (!ahead.empty()) {
-            auto const visit = std::move(ahead.back());
-            ahead.pop_back();
-            auto const& declaration = visit.node->getDeclaration();
-            if (!declaration) {
-                addChildren(ahead, *visit.node, visit.path);
-                continue;
-            }
-            if (visit.node->getMaxPath() || empty_models.isEmptyModel(declaration->getType()))
-                continue;
-            auto const path = TopologicalPath::extend(visit.path, declaration);
-            if (visit.node->getChildren().entries().empty())
-                reportMissing(*error_reporter_, *declaration, *path);
-            addChildren(ahead, *visit.node, path);
-        }
+        BranchWalk(*root, TopologicalPath::create(root_node)).run([&](BranchWalk& walk) {
+            auto const& branch = walk.branch();
+            auto const& declaration = branch.getDeclaration();
+            if (!declaration)
+                return true;
+            if (branch.getMaxPath() || empty_models.isEmptyModel(declaration->getType()))
+                return false;
+            if (branch.getChildren().empty())
+                reportMissing(*error_reporter_, *declaration, *walk.declaredPath());
+            return true;
+        });
     }
 }
 
@@ -150,22 +143,12 @@ std::vector<TopoPathPtr> SymbolTree::collectAnnotationPaths() const {
 std::vector<TopoPathPtr> SymbolTree::collectEmptyModelPaths() const {
     EmptyModels empty_models;
     std::vector<TopoPathPtr> paths;
-    std::vector<Visit> ahead;
     for (auto const& [root_node, root] : roots_) {
-        // A variable is the declaration of its own root, a model is a step in front of all that it holds.
-        ahead.push_back({root.get(), root_node->isVarAssignment() ? TopologicalPath::create()
-                                                                  : TopologicalPath::create(root_node)});
-        while (!ahead.empty()) {
-            auto const visit = std::move(ahead.back());
-            ahead.pop_back();
-            auto path = visit.path;
-            if (auto const& declaration = visit.node->getDeclaration()) {
-                path = TopologicalPath::extend(path, declaration);
-                if (!visit.node->getMaxPath() && empty_models.isEmptyModel(declaration->getType()))
-                    paths.push_back(path->prefix(0));
-            }
-            addChildren(ahead, *visit.node, path);
-        }
+        BranchWalk(*root, root_node).run([&](BranchWalk& walk) {
+            if (walk.isOfEmptyModel(empty_models))
+                paths.push_back(walk.declaredPath()->prefix(0));
+            return true;
+        });
     }
     return paths;
 }
@@ -201,6 +184,25 @@ SymbolTreeNodePtr SymbolTree::walk(TopologicalPath const& path) const {
             return node ? findRoot(*node) : nullptr;
         },
         [](SymbolTreeNodePtr const& node, Chain const& link) { return takeStep(node, link.getStep()); });
+}
+
+void SymbolTree::setOuterTypesAt(BranchWalk const& walk) {
+    auto const& branch = walk.branch();
+    if (auto const& path = branch.getMaxPath()) {
+        if (path->countSteps() == 1)
+            path->setOuterTypes({path->getLastStepType()});
+        else
+            setOuterTypesOfChain(walk, path->getChain().get());
+    }
+    for (auto const& [name, path] : branch.getAnnotationPaths().entries())
+        setOuterTypesOfChain(walk, path->getChain().get());
+}
+
+void SymbolTree::noteMaxPaths() {
+    if (std::exchange(max_paths_are_noted_, true))
+        return;
+    for (auto const& [node, root] : roots_)
+        root->noteMaxPaths();
 }
 
 std::vector<TopoPathPtr> SymbolTree::pathsUnder(TopologicalPath const& path) const {

@@ -14,6 +14,8 @@
 
 namespace Slate {
 
+class BranchWalk;
+
 /// The unfolded models: which attributes exist once inheritance, traits and attribute types are followed, and
 /// which assignment wins for each.
 ///
@@ -67,6 +69,12 @@ class SymbolTree : public std::enable_shared_from_this<SymbolTree> {
     /// on sharing them.
     void setOuterTypes(std::vector<TopoPathPtr> const& paths) const;
 
+    /// The same for the max path and the annotation paths of the branch that a walk is at.
+    static void setOuterTypesAt(BranchWalk const& walk);
+
+    /// Has all branches know whether there are max paths at or below them; the tree must have grown.
+    void noteMaxPaths();
+
     /// The roots with the nodes that they grew from.
     std::vector<std::pair<NodePtr, SymbolTreeNodePtr>> const& getRoots() const { return roots_; }
 
@@ -80,14 +88,32 @@ class SymbolTree : public std::enable_shared_from_this<SymbolTree> {
     /// `Type::isAssignableTo`, worked out once for each two models.
     bool isAssignable(TypePtr const& type, TypePtr const& other);
 
+    /// A number for a body of assignments, which no other body of this tree has.
+    SymbolTreeNode::BodyNumber numberNextBody() { return ++last_body_; }
+
     /// The max paths of a branch and of all below it, depth first.
     static void appendMaxPaths(SymbolTreeNode const& branch, std::vector<TopoPathPtr>& paths);
+
+    /// Calls `visit(path)` with each of them.
+    template <typename Visit>
+    static void forEachMaxPath(SymbolTreeNode const& branch, Visit visit) {
+        if (branch.getMaxPath())
+            visit(branch.getMaxPath());
+        if (branch.getChildren().empty())
+            return;
+        std::vector<TopoPathPtr> below;
+        appendMaxPaths(branch, below);
+        for (auto path = below.begin() + (branch.getMaxPath() ? 1 : 0); path != below.end(); ++path)
+            visit(*path);
+    }
 
   private:
     std::vector<std::pair<NodePtr, SymbolTreeNodePtr>> roots_;
     std::unordered_map<Node const*, SymbolTreeNodePtr> root_of_node_;
     std::shared_ptr<ErrorReporter> error_reporter_;
     std::map<std::pair<Type const*, Type const*>, bool> assignable_models_;
+    bool max_paths_are_noted_ = false;
+    SymbolTreeNode::BodyNumber last_body_ = 0;
     mutable PrefixMemo<SymbolTreeNodePtr> walks_; // says nothing that the tree does not, once it has grown
 };
 

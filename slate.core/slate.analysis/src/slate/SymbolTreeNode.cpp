@@ -38,7 +38,9 @@ SymbolTreeNode::SymbolTreeNode(CreateKey, std::shared_ptr<ErrorReporter>&& error
 SymbolTreeNode::~SymbolTreeNode() {
     std::vector<SymbolTreeNodePtr> ahead;
     auto const take_children = [&ahead](SymbolTreeNode& node) {
-        for (auto& [name, child] : node.children_.take())
+        if (!node.children_)
+            return;
+        for (auto& [name, child] : node.children_->take())
             ahead.push_back(std::move(child));
     };
     take_children(*this);
@@ -51,37 +53,59 @@ SymbolTreeNode::~SymbolTreeNode() {
 }
 
 SymbolTreeNodePtr SymbolTreeNode::findChild(std::string_view name) const {
-    auto const* child = children_.find(name);
+    auto const* child = getChildren().find(name);
     return child == nullptr ? nullptr : *child;
 }
 
-SymbolTreeNodePtr SymbolTreeNode::findOrAddChild(std::string const& name) {
-    if (auto child = findChild(name))
-        return child;
+SymbolTreeNode* SymbolTreeNode::child(std::string_view name) const {
+    auto const* child = getChildren().find(name);
+    return child == nullptr ? nullptr : child->get();
+}
+
+SymbolTreeNode& SymbolTreeNode::findOrAddChild(std::string const& name) {
+    if (auto* const known = child(name))
+        return *known;
     lockTree();
-    auto child = create(error_reporter_, tree_);
-    children_.add(name, child);
-    return child;
+    if (!children_)
+        children_ = std::make_unique<NamedList<SymbolTreeNodePtr>>();
+    return *children_->add(name, create(error_reporter_, tree_));
 }
 
 /// The branch at the end of the target of an assignment; what is missing on the way there grows.
-SymbolTreeNodePtr SymbolTreeNode::growTo(VarAssignment const& member) {
-    auto node = shared_from_this();
+SymbolTreeNode& SymbolTreeNode::growTo(VarAssignment const& member) {
+    auto* node = this;
     for (auto const& segment : member.getSegments())
-        node = node->findOrAddChild(segment.lexeme);
-    return node;
+        node = &node->findOrAddChild(segment.lexeme);
+    return *node;
+}
+
+NamedList<SymbolTreeNodePtr> const& SymbolTreeNode::noChildren() {
+    static NamedList<SymbolTreeNodePtr> const none;
+    return none;
+}
+
+NamedList<TopoPathPtr> const& SymbolTreeNode::getAnnotationPaths() const {
+    static NamedList<TopoPathPtr> const none;
+    return annotation_paths_ ? *annotation_paths_ : none;
+}
+
+void SymbolTreeNode::addAnnotation(AnnotationPtr const& annotation, TopoPathPtr const& path) {
+    if (!annotation_paths_)
+        annotation_paths_ = std::make_unique<NamedList<TopoPathPtr>>();
+    if (!annotation_paths_->contains(annotation->getName()))
+        annotation_paths_->add(annotation->getName(), TopologicalPath::extend(path, annotation));
 }
 
 void SymbolTreeNode::noteMaxPaths() {
     // Children stand behind their parents, so from the end each node is seen after all below it.
     std::vector<SymbolTreeNode*> nodes{this};
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        for (auto const& [name, child] : nodes[i]->children_.entries())
+        for (auto const& [name, child] : nodes[i]->getChildren().entries())
             nodes.push_back(child.get());
     }
     for (auto node = nodes.rbegin(); node != nodes.rend(); ++node) {
         (*node)->has_max_paths_ = (*node)->max_path_ != nullptr;
-        for (auto const& [name, child] : (*node)->children_.entries())
+        for (auto const& [name, child] : (*node)->getChildren().entries())
             (*node)->has_max_paths_ = (*node)->has_max_paths_ || child->has_max_paths_;
     }
 }
@@ -99,29 +123,44 @@ SymbolTreeNodePtr SymbolTreeNode::walk(TopologicalPath const& path, std::size_t 
 
 void SymbolTreeNode::grow_paths(TopoPathPtr const& path, ModelDeclPtr const& excluded,
                                 UnfoldedModels& visited) {
-    Unfolding unfolding(visited);
-    unfolding.add(GrowTask{shared_from_this(), path, excluded});
+    Bodies bodies;
+    Unfolding unfolding(visited, bodies);
+    unfolding.add(GrowTask{this, path, excluded});
     unfolding.run(Unfolding::Phase::Branches);
 }
 
 void SymbolTreeNode::grow_max_paths(TopoPathPtr const& path, ModelDeclPtr const& excluded,
                                     UnfoldedModels& visited) {
-    Unfolding unfolding(visited);
-    unfolding.add(GrowTask{shared_from_this(), path, excluded});
+    Bodies bodies;
+    Unfolding unfolding(visited, bodies);
+    unfolding.add(GrowTask{this, path, excluded});
     unfolding.run(Unfolding::Phase::MaxPaths);
+}
+
+void SymbolTreeNode::growAsRoot(NodePtr const& node) {
+    UnfoldedModels visited;
+    Bodies bodies;
+    for (auto const phase : {Unfolding::Phase::Branches, Unfolding::Phase::MaxPaths}) {
+        visited.clear();
+        Unfolding unfolding(visited, bodies);
+        unfolding.add(GrowTask{this, TopologicalPath::create(node), nullptr});
+        unfolding.run(phase);
+    }
 }
 
 void SymbolTreeNode::grow_paths_from_types(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
                                            UnfoldedModels& visited) {
-    Unfolding unfolding(visited);
-    unfolding.add(TypesTask{shared_from_this(), path, members});
+    Bodies bodies;
+    Unfolding unfolding(visited, bodies);
+    unfolding.add(TypesTask{this, path, std::make_shared<vec<VarAssignPtr> const>(members)});
     unfolding.run(Unfolding::Phase::Branches);
 }
 
 void SymbolTreeNode::grow_max_paths_from_types(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
                                                UnfoldedModels& visited) {
-    Unfolding unfolding(visited);
-    unfolding.add(TypesTask{shared_from_this(), path, members});
+    Bodies bodies;
+    Unfolding unfolding(visited, bodies);
+    unfolding.add(TypesTask{this, path, std::make_shared<vec<VarAssignPtr> const>(members)});
     unfolding.run(Unfolding::Phase::MaxPaths);
 }
 
@@ -137,26 +176,24 @@ void SymbolTreeNode::grow_paths(Unfolding& unfolding, GrowTask const& task) {
         reportCycle(*model, unfolding.visited());
         return;
     }
-    auto members = Unfolding::attributesOf(*node);
-    grow_paths_from_members(task.path, Unfolding::annotationsOf(*node), members);
-    unfolding.follow(task, std::move(members));
+    auto body = unfolding.bodyOf(node);
+    grow_paths_from_members(task.path, Unfolding::annotationsOf(*node), *body.all);
+    unfolding.follow(task, std::move(body.with_more));
 }
 
 void SymbolTreeNode::grow_paths_from_members(TopoPathPtr const& path, vec<AnnotationPtr> const& annotations,
                                              vec<VarAssignPtr> const& members) {
-    for (auto const& annotation : annotations) {
-        if (annotation_paths_.find(annotation->getName()) == nullptr)
-            annotation_paths_.add(annotation->getName(), TopologicalPath::extend(path, annotation));
-    }
+    for (auto const& annotation : annotations)
+        addAnnotation(annotation, path);
     for (auto const& member : members) {
         if (!member->isValid())
             continue;
-        auto const reached = growTo(*member);
-        if (member->isDeclaration() && !reached->declaration_)
-            reached->declaration_ = member;
+        auto& reached = growTo(*member);
+        if (member->isDeclaration() && !reached.declaration_)
+            reached.declaration_ = member;
         if (!member->getAnnotations().empty() || !member->getMembers().empty())
-            reached->grow_paths_from_members(TopologicalPath::extend(path, member), member->getAnnotations(),
-                                             member->getMembers());
+            reached.grow_paths_from_members(TopologicalPath::extend(path, member), member->getAnnotations(),
+                                            member->getMembers());
     }
 }
 
@@ -166,12 +203,8 @@ void SymbolTreeNode::grow_paths_from_types(Unfolding& unfolding, TypesTask const
     bool const unfolds = type && member->isDeclaration() && member->hasTargetDeclarations();
     if (!unfolds && member->getMembers().empty())
         return;
-    auto const reached = growTo(*member);
-    auto const path = TopologicalPath::extend(task.path, member);
-    if (unfolds)
-        unfolding.add(GrowTask{reached, TopologicalPath::extend(path, type), Unfolding::excludedBy(*member)});
-    if (!member->getMembers().empty())
-        unfolding.add(TypesTask{reached, path, member->getMembers()});
+    auto& reached = growTo(*member);
+    unfolding.unfold(reached, TopologicalPath::extend(task.path, member), member, unfolds ? type : nullptr);
 }
 
 /// At the last place that all paths to the models in the cycle share.
@@ -196,83 +229,82 @@ void SymbolTreeNode::grow_max_paths(Unfolding& unfolding, GrowTask const& task) 
     auto const model = node->asModelDeclaration();
     if (model && unfolding.visited().contains(*model))
         return;
-    auto members = Unfolding::attributesOf(*node);
-    PathSet assigned_paths;
-    NodeSet assigned_nodes;
-    grow_max_paths_from_members(task.path, members, assigned_paths, assigned_nodes);
-    unfolding.follow(task, std::move(members));
+    auto body = unfolding.bodyOf(node);
+    bool const has_branches =
+        grow_max_paths_from_members(task.path, *body.all, lockTree()->numberNextBody());
+    unfolding.follow(task, std::move(has_branches ? body.with_more : body.all));
 }
 
-void SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
-                                                 PathSet& assigned_paths, NodeSet& assigned_nodes) {
+bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
+                                                 BodyNumber body) {
+    bool has_branches = true;
     for (auto const& member : members) {
         if (!member->isValid())
             continue;
-        auto reached = shared_from_this();
+        auto* reached = this;
         bool is_overridden = false;
         for (auto const& segment : member->getSegments()) {
-            reached = reached->findChild(segment.lexeme);
-            if (!reached) {
+            reached = reached->child(segment.lexeme);
+            if (reached == nullptr) {
                 SLATE_LOG_ERROR("Missing branch for {}",
                                 TopologicalPath::extend(path, member)->toFullString());
-                return;
+                return false;
             }
             // Something more derived has assigned there.
-            auto const& assigned = reached->max_path_;
-            is_overridden = is_overridden || (assigned && !assigned_paths.contains(assigned.get()));
+            is_overridden = is_overridden || (reached->max_path_ && reached->max_path_by_ != body);
         }
         if (!member->getValue()) {
             if (!member->getMembers().empty() && !is_overridden)
-                reached->grow_max_paths_from_members(TopologicalPath::extend(path, member),
-                                                     member->getMembers(), assigned_paths, assigned_nodes);
-        } else if (!assigned_nodes.insert(reached.get()).second) {
+                has_branches = reached->grow_max_paths_from_members(TopologicalPath::extend(path, member),
+                                                                    member->getMembers(), body) &&
+                               has_branches;
+        } else if (std::exchange(reached->assigned_by_, body) == body) {
             error_reporter_->reportError(SymbolAlreadyAssigned::create(member->getSegments().back(),
                                                                        path->getLastStep()->getSourceId()));
-        } else if (!is_overridden) {
-            if (auto const assigned = reached->assign(TopologicalPath::extend(path, member)))
-                assigned_paths.insert(assigned.get());
+        } else if (!is_overridden && reached->assign(TopologicalPath::extend(path, member))) {
+            reached->max_path_by_ = body;
         }
     }
+    return has_branches;
 }
 
-/// The first assignment that reaches a branch wins. Answers with its path, or with nothing if it does not: a
-/// value of a wrong type is none, and was reported.
-TopoPathPtr SymbolTreeNode::assign(TopoPathPtr const& path) {
+/// The first assignment that reaches a branch wins. Answers whether it does: a value of a wrong type is none,
+/// and was reported.
+bool SymbolTreeNode::assign(TopoPathPtr const& path) {
     auto const tree = lockTree();
     auto const value = path->getLastStepExpression();
     auto const type = value->getType();
     auto const declared = declaration_ ? declaration_->getOwnType() : nullptr;
     bool const is_of_wrong_type = type && declared && value->isValid() && !tree->isAssignable(type, declared);
     if (is_of_wrong_type || max_path_)
-        return {};
+        return false;
     max_path_ = path;
-    return path;
+    return true;
 }
 
 /// Answers whether the members behind this one are to be looked at.
 bool SymbolTreeNode::grow_max_paths_from_types(Unfolding& unfolding, TypesTask const& task,
                                                VarAssignPtr const& member) {
-    auto reached = shared_from_this();
+    auto const type = Analysis::ownModelType(member);
+    bool const has_more = type || !member->getMembers().empty();
+    auto* reached = this;
     bool is_assigned = false;
     for (auto const& segment : member->getSegments()) {
-        reached = reached->findChild(segment.lexeme);
-        if (!reached) {
+        reached = reached->child(segment.lexeme);
+        if (reached == nullptr) {
             SLATE_LOG_ERROR("Missing branch for {}",
                             TopologicalPath::extend(task.path, member)->toFullString());
             return false;
         }
-        is_assigned = is_assigned || reached->max_path_;
+        is_assigned = is_assigned || (has_more && reached->max_path_);
     }
-    auto const type = Analysis::ownModelType(member);
+    if (!has_more)
+        return true;
     bool const unfolds = type && !type->isTrait() && member->isDeclaration() && !is_assigned &&
                          member->hasTargetDeclarations();
     if (!unfolds && member->getMembers().empty())
         return true;
-    auto const path = TopologicalPath::extend(task.path, member);
-    if (unfolds)
-        unfolding.add(GrowTask{reached, TopologicalPath::extend(path, type), Unfolding::excludedBy(*member)});
-    if (!member->getMembers().empty())
-        unfolding.add(TypesTask{reached, path, member->getMembers()});
+    unfolding.unfold(*reached, TopologicalPath::extend(task.path, member), member, unfolds ? type : nullptr);
     return true;
 }
 

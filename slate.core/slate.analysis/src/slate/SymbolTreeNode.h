@@ -7,7 +7,9 @@
 
 #include <memory>
 #include <string>
+#include <cstdint>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -52,8 +54,8 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     };
 
   public:
-    using PathSet = std::unordered_set<TopologicalPath const*>;
-    using NodeSet = std::unordered_set<SymbolTreeNode const*>;
+    /// The number of a body of assignments, which marks what it has assigned; the tree numbers them.
+    using BodyNumber = std::uint32_t;
 
     static SymbolTreeNodePtr create(std::shared_ptr<ErrorReporter> error_reporter,
                                     std::weak_ptr<SymbolTree> tree);
@@ -74,13 +76,16 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     TopoPathPtr const& getMaxPath() const { return max_path_; }
 
     /// The branches by attribute name, in the order in which they grew.
-    NamedList<SymbolTreeNodePtr> const& getChildren() const { return children_; }
+    NamedList<SymbolTreeNodePtr> const& getChildren() const { return children_ ? *children_ : noChildren(); }
 
     /// One path a name, in the order in which they were found.
-    NamedList<TopoPathPtr> const& getAnnotationPaths() const { return annotation_paths_; }
+    NamedList<TopoPathPtr> const& getAnnotationPaths() const;
 
     /// Null if there is no such branch.
     SymbolTreeNodePtr findChild(std::string_view name) const;
+
+    /// Grows all branches of the node, which this is the root of, and then their max paths.
+    void growAsRoot(NodePtr const& node);
 
     /// Does this branch, or one below it, have a max path? As of the last `noteMaxPaths`.
     bool hasMaxPaths() const { return has_max_paths_; }
@@ -103,15 +108,18 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     /// Finds the assignments that give the branches their values. All branches must have grown.
     void grow_max_paths(TopoPathPtr const& path, ModelDeclPtr const& excluded, UnfoldedModels& visited);
 
-    /// `assigned_paths` and `assigned_nodes`: what this body has assigned so far.
-    void grow_max_paths_from_members(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
-                                     PathSet& assigned_paths, NodeSet& assigned_nodes);
+    /// `body`: the body that the members belong to, those nested in it included. Answers false if branches are
+    /// missing, which is logged.
+    bool grow_max_paths_from_members(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
+                                     BodyNumber body);
     void grow_max_paths_from_types(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
                                    UnfoldedModels& visited);
 
   private:
     /// What is still to do of a walk.
     class Unfolding;
+    struct Body;
+    using Bodies = std::unordered_map<Node const*, Body>;
     struct TypesTask;
     struct GrowTask;
 
@@ -119,10 +127,13 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     void grow_paths_from_types(Unfolding& unfolding, TypesTask const& task, VarAssignPtr const& member);
     void grow_max_paths(Unfolding& unfolding, GrowTask const& task);
     bool grow_max_paths_from_types(Unfolding& unfolding, TypesTask const& task, VarAssignPtr const& member);
+    static NamedList<SymbolTreeNodePtr> const& noChildren();
     void reportCycle(ModelDeclaration const& model, UnfoldedModels const& visited) const;
-    SymbolTreeNodePtr findOrAddChild(std::string const& name);
-    SymbolTreeNodePtr growTo(VarAssignment const& member);
-    TopoPathPtr assign(TopoPathPtr const& path);
+    SymbolTreeNode* child(std::string_view name) const;
+    SymbolTreeNode& findOrAddChild(std::string const& name);
+    SymbolTreeNode& growTo(VarAssignment const& member);
+    void addAnnotation(AnnotationPtr const& annotation, TopoPathPtr const& path);
+    bool assign(TopoPathPtr const& path);
 
     std::shared_ptr<SymbolTree> lockTree() const { return std::shared_ptr<SymbolTree>(tree_); }
 
@@ -130,8 +141,11 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     std::weak_ptr<SymbolTree> tree_;
     VarAssignPtr declaration_;
     TopoPathPtr max_path_;
-    NamedList<SymbolTreeNodePtr> children_;
-    NamedList<TopoPathPtr> annotation_paths_;
+    std::unique_ptr<NamedList<SymbolTreeNodePtr>> children_; // most branches are leaves
+    std::unique_ptr<NamedList<TopoPathPtr>> annotation_paths_; // few branches have any
+    // The bodies that last assigned here, and that the max path is from; numbers begin with 1.
+    BodyNumber assigned_by_ = 0;
+    BodyNumber max_path_by_ = 0;
     bool has_max_paths_ = false;
 };
 

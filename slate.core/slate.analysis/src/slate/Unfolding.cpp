@@ -28,9 +28,10 @@ void SymbolTreeNode::Unfolding::run(Phase phase) {
 
 /// One member at a time: its type is unfolded before the next member is looked at.
 void SymbolTreeNode::Unfolding::runTypes(TypesTask task, Phase phase) {
-    auto const node = task.node;
-    while (task.next < task.members.size()) {
-        auto const member = task.members[task.next++];
+    auto* const node = task.node;
+    auto const members = task.members; // outlives the task
+    while (task.next < members->size()) {
+        auto const& member = (*members)[task.next++];
         if (!member->isValid())
             continue;
         // Below what the member adds.
@@ -49,7 +50,7 @@ void SymbolTreeNode::Unfolding::runTypes(TypesTask task, Phase phase) {
     }
 }
 
-void SymbolTreeNode::Unfolding::follow(GrowTask const& task, vec<VarAssignPtr> members) {
+void SymbolTreeNode::Unfolding::follow(GrowTask const& task, Attributes members_with_more) {
     auto const node = task.path->getLastStep()->getNode();
     if (auto const model = node->asModelDeclaration()) {
         visited_.enter(*model, task.path);
@@ -64,7 +65,16 @@ void SymbolTreeNode::Unfolding::follow(GrowTask const& task, vec<VarAssignPtr> m
     } else if (auto const trait = node->asTraitImpl(); trait && trait->getNestedTrait()) {
         extend(task, trait->getNestedTrait());
     }
-    add(TypesTask{task.node, task.path, std::move(members)});
+    if (!members_with_more->empty())
+        add(TypesTask{task.node, task.path, std::move(members_with_more)});
+}
+
+void SymbolTreeNode::Unfolding::unfold(SymbolTreeNode& reached, TopoPathPtr const& path,
+                                       VarAssignPtr const& member, ModelDeclPtr const& type) {
+    if (type)
+        add(GrowTask{&reached, TopologicalPath::extend(path, type), excludedBy(*member)});
+    if (!member->getMembers().empty())
+        add(TypesTask{&reached, path, Attributes(member, &member->getMembers())});
 }
 
 void SymbolTreeNode::Unfolding::extend(GrowTask const& task, NodePtr const& node) {
@@ -83,17 +93,28 @@ vec<AnnotationPtr> SymbolTreeNode::Unfolding::annotationsOf(Node& node) {
     return annotations;
 }
 
-vec<VarAssignPtr> SymbolTreeNode::Unfolding::attributesOf(Node& node) {
-    if (auto const attribute = node.asVarAssignment())
-        return attribute->getMembers();
-    auto const trait = node.asTraitImpl();
-    auto const model = node.asModelDeclaration();
-    vec<VarAssignPtr> attributes;
-    for (auto const& member : trait ? trait->getMembers() : model->getMembers()) {
-        if (auto attribute = member->asVarAssignment())
-            attributes.push_back(std::move(attribute));
+SymbolTreeNode::Body SymbolTreeNode::Unfolding::bodyOf(NodePtr const& node) {
+    if (auto const attribute = node->asVarAssignment()) {
+        Attributes const members(attribute, &attribute->getMembers());
+        return {members, members};
     }
-    return attributes;
+    auto& known = bodies_[node.get()];
+    if (known.all)
+        return known;
+    auto const trait = node->asTraitImpl();
+    auto const model = node->asModelDeclaration();
+    auto all = std::make_shared<vec<VarAssignPtr>>();
+    auto with_more = std::make_shared<vec<VarAssignPtr>>();
+    for (auto const& member : trait ? trait->getMembers() : model->getMembers()) {
+        auto attribute = member->asVarAssignment();
+        if (!attribute)
+            continue;
+        if (Analysis::ownModelType(attribute) || !attribute->getMembers().empty())
+            with_more->push_back(attribute);
+        all->push_back(std::move(attribute));
+    }
+    known = {std::move(all), std::move(with_more)};
+    return known;
 }
 
 ModelDeclPtr SymbolTreeNode::Unfolding::excludedBy(VarAssignment const& member) {

@@ -6,12 +6,12 @@
 
 namespace Slate::Core {
 
-/// Something on the stack: an expression, or the variable that it turned out to name.
+/// Something on the stack: an expression that is no constant, or a variable.
 struct ExpressionEvaluator::Frame {
-    Frame(ExpressionPtr e, TypePtr t, std::size_t v)
-        : expression(std::move(e)), expected_type(std::move(t)), first_value(v) {}
+    Frame(Expression* e, TypePtr t, std::size_t v)
+        : expression(e), expected_type(std::move(t)), first_value(v) {}
 
-    ExpressionPtr expression;
+    Expression* expression; // null for a variable; whoever put it here keeps it alive
     TypePtr expected_type;
     std::size_t first_value; // where the values of its operands begin
     std::size_t next = 0;    // how many operands were put on the stack

@@ -36,6 +36,12 @@ std::string nameOf(Object const& instance, Chain const& chain) {
     return name;
 }
 
+/// Type steps lead from an object to itself.
+Chain const* withoutTypeSteps(Chain const* chain) {
+    auto const* const member = chain == nullptr ? nullptr : chain->getLastMember();
+    return member == nullptr && chain != nullptr ? chain->getFirst() : member;
+}
+
 bool isPlain(Object const& object) { return typeid(object) == typeid(Object); }
 
 } // namespace
@@ -50,11 +56,11 @@ Evaluator::~Evaluator() = default;
 
 ObjectPtr Evaluator::evalModel(ModelDeclPtr const& model) {
     auto const paths = model->getTopologicalSort();
-    instances_.clear(); // also of one that a native has ended by an exception
+    dropInstances(); // also of one that a native has ended by an exception
     keeps_instances_ = true;
     auto const end = [this](ObjectPtr const& object) {
         keeps_instances_ = false;
-        instances_.clear();
+        dropInstances();
         return object;
     };
     if (auto document = model->getOwningDocument())
@@ -85,22 +91,29 @@ Evaluator::Outcome Evaluator::evaluatePath(ObjectPtr const& root, TopoPathPtr co
     if (auto const annotation = node ? node->asAnnotation() : nullptr)
         return annotate(root, path, annotation);
 
-    auto const outer = path->getOuterPath();
-    auto const current = outer->getChain() ? getOrCreateTargetInstance(root, outer, 0) : root;
-    auto const target = current ? getOrCreateTargetInstance(root, path, 1) : nullptr;
-    if (!target)
+    auto const* const outer = withoutTypeSteps(path->getOuterLink());
+    auto const* const holder = withoutTypeSteps(path->getChain()->getPrevious().get());
+    bool is_in_value = false;
+    auto const current = outer == nullptr ? root : findTarget(root, outer, is_in_value);
+    // Native objects are asked twice, for they may answer differently.
+    bool const is_same = outer == holder && (holder == nullptr || holder == last_link_);
+    auto const target = is_same || !current ? current : findTarget(root, holder, is_in_value);
+    if (!target) {
+        // Once more, which logs where it ends.
+        getOrCreateTargetInstance(root, current ? path : path->getOuterPath(), current ? 1 : 0);
         return Outcome::Unresolved;
+    }
     expression_evaluator_->setCurrentObject(current);
     if (auto document = step.getDocument())
         expression_evaluator_->setDocument(std::move(document));
-    auto const value = valueOf(step, target);
+    auto value = valueOf(step, target);
     if (auto const count = expression_evaluator_->countReplacements(); count != replacements_seen_) {
         replacements_seen_ = count;
-        instances_.clear();
+        dropInstances();
     }
     if (value.isUndefined())
         return Outcome::NoValue;
-    assign(*path, target, value);
+    assign(*path, target, std::move(value));
     return Outcome::Done;
 }
 
@@ -108,7 +121,7 @@ Evaluator::Outcome Evaluator::evaluatePath(ObjectPtr const& root, TopoPathPtr co
 Evaluator::Outcome Evaluator::annotate(ObjectPtr const& root, TopoPathPtr const& path,
                                        AnnotationPtr const& annotation) {
     bool is_in_value = false;
-    auto const target = findTarget(root, path->getChain()->getPrevious(), is_in_value);
+    auto const target = findTarget(root, path->getChain()->getPrevious().get(), is_in_value);
     if (target)
         target->appendToAnnotations(annotation);
     else if (!is_in_value && !getOrCreateTargetInstance(root, path, 1))
@@ -124,7 +137,7 @@ Any Evaluator::valueOf(PathStep const& step, ObjectPtr const& target) {
     return model ? Any(expression_evaluator_->getOrCreateInstance(model, target)) : Any();
 }
 
-void Evaluator::assign(TopologicalPath const& path, ObjectPtr const& target, Any const& value) {
+void Evaluator::assign(TopologicalPath const& path, ObjectPtr const& target, Any value) {
     auto const& key = path.getLastStep()->getName();
     auto const object = value.isObject() ? value.asObject() : nullptr;
     auto const type = object ? object->getType() : nullptr;
@@ -135,9 +148,13 @@ void Evaluator::assign(TopologicalPath const& path, ObjectPtr const& target, Any
         if (!object->getOwner())
             object->setOwner(target);
     }
-    if (!isPlain(*target) || target->getDynamic(key).isObject())
-        instances_.clear();
-    target->setDynamic(key, value);
+    if (isPlain(*target)) {
+        if (target->assign(key, std::move(value), path.isLastStepDeclaration()))
+            dropInstances();
+        return;
+    }
+    dropInstances();
+    target->setDynamic(key, std::move(value));
     if (path.isLastStepDeclaration())
         target->setIsDefault(key);
 }
@@ -148,25 +165,31 @@ ObjectPtr Evaluator::getOrCreateTargetInstance(ObjectPtr const& instance, TopoPa
         return path->countSteps() == 0 ? nullptr : instance;
     auto const shortened = skip == 0 ? path : path->prefix(path->countSteps() - skip);
     bool is_in_value = false;
-    auto target = findTarget(instance, shortened->getChain(), is_in_value);
+    auto target = findTarget(instance, shortened->getChain().get(), is_in_value);
     if (!target)
         SLATE_LOG_ERROR("target type of {} in {} not found", unresolved_step_, path->toMemberString());
     return target;
 }
 
 /// Step by step from the last instance that is known for a part of the chain.
-ObjectPtr Evaluator::findTarget(ObjectPtr const& instance, ChainPtr const& chain, bool& is_in_value) {
-    if (!chain)
+ObjectPtr Evaluator::findTarget(ObjectPtr const& instance, Chain const* chain, bool& is_in_value) {
+    if (chain == nullptr)
         return instance;
+    if (chain == last_link_)
+        return last_instance_;
     std::vector<Chain const*> ahead;
-    auto const* link = chain.get();
-    for (; link->getPrevious() && !instances_.contains(link); link = link->getPrevious().get())
+    auto const* link = chain;
+    auto known = instances_.find(link);
+    while (link->getPrevious() && known == instances_.end()) {
         ahead.push_back(link);
-    auto const known = instances_.find(link);
+        link = link->getPrevious().get();
+        known = instances_.find(link);
+    }
     auto current = known != instances_.end() ? known->second : rootOf(instance, link->getStep());
+    bool is_known_to_stay = true;
     for (auto next = ahead.rbegin(); next != ahead.rend(); ++next) {
         auto const& step = (*next)->getStep();
-        bool is_known_to_stay = isPlain(*current);
+        is_known_to_stay = is_known_to_stay && isPlain(*current);
         if (step.isMember()) {
             current = takeStep(instance, current, **next, is_in_value);
             if (!current) {
@@ -177,7 +200,17 @@ ObjectPtr Evaluator::findTarget(ObjectPtr const& instance, ChainPtr const& chain
         if (is_known_to_stay && keeps_instances_)
             instances_.emplace(*next, current);
     }
+    if (is_known_to_stay && keeps_instances_) {
+        last_link_ = chain;
+        last_instance_ = current;
+    }
     return current;
+}
+
+void Evaluator::dropInstances() {
+    instances_.clear();
+    last_link_ = nullptr;
+    last_instance_.reset();
 }
 
 /// What the first step stands for.

@@ -31,7 +31,6 @@ class Evaluator {
 
   private:
     using Chain = TopologicalPath::Chain;
-    using ChainPtr = TopologicalPath::ChainPtr;
 
     enum class Outcome {
         Done,
@@ -44,14 +43,15 @@ class Evaluator {
     Outcome evaluatePath(ObjectPtr const& root, TopoPathPtr const& path);
     Outcome annotate(ObjectPtr const& root, TopoPathPtr const& path, AnnotationPtr const& annotation);
     Any valueOf(PathStep const& step, ObjectPtr const& target);
-    void assign(TopologicalPath const& path, ObjectPtr const& target, Any const& value);
+    void assign(TopologicalPath const& path, ObjectPtr const& target, Any value);
 
     /// The object that a chain leads to from `instance`, or empty; `is_in_value` then tells whether something
     /// on the way is a plain value.
-    ObjectPtr findTarget(ObjectPtr const& instance, ChainPtr const& chain, bool& is_in_value);
+    ObjectPtr findTarget(ObjectPtr const& instance, Chain const* chain, bool& is_in_value);
     ObjectPtr rootOf(ObjectPtr const& instance, PathStep const& first);
     ObjectPtr takeStep(ObjectPtr const& instance, ObjectPtr const& object, Chain const& link,
                        bool& is_in_value);
+    void dropInstances();
     void registerObjects(ObjectPtr const& root);
 
     std::shared_ptr<EvaluatorContext> evaluator_context_;
@@ -62,6 +62,8 @@ class Evaluator {
     /// have been replaced. Native objects may answer differently each time, so what they hold is always asked
     /// for.
     std::unordered_map<Chain const*, ObjectPtr> instances_;
+    Chain const* last_link_ = nullptr; // where the last search led
+    ObjectPtr last_instance_;
     bool keeps_instances_ = false;      // only while a model is evaluated
     std::size_t replacements_seen_ = 0; // when the instances were last dropped
     std::string unresolved_step_;       // at which the last search ended

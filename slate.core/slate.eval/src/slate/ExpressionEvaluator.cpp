@@ -57,7 +57,6 @@ void ExpressionEvaluator::step() {
     }
     auto& expression = *frame.expression;
     switch (expression.getNodeType()) {
-    case NodeType::Constant: visitConstant(static_cast<Constant&>(expression)); break;
     case NodeType::MemberAccess:
         visitMemberAccess(frame, static_cast<MemberAccess const&>(expression));
         break;
@@ -71,13 +70,18 @@ void ExpressionEvaluator::step() {
     }
 }
 
-/// Puts an expression on the stack. No reference to a frame lives on.
-void ExpressionEvaluator::push(ExpressionPtr const& expression, TypePtr const& expected_type) {
+bool ExpressionEvaluator::push(ExpressionPtr const& expression, TypePtr const& expected_type) {
     if (!expression) {
         fail();
-        return;
+        return false;
     }
-    frames_.emplace_back(expression, expected_type, values_.size());
+    if (!expression->isConstant()) {
+        frames_.emplace_back(expression.get(), expected_type, values_.size());
+        return false;
+    }
+    auto const frame_count = frames_.size();
+    visitConstant(static_cast<Constant const&>(*expression), expected_type);
+    return !failed_ && frames_.size() == frame_count;
 }
 
 /// Takes the frame on top off the stack, with the values of its operands, and leaves its value.
@@ -104,39 +108,40 @@ void ExpressionEvaluator::fail(ErrorCode code, Token const& token) {
     failed_ = true;
 }
 
-void ExpressionEvaluator::visitConstant(Constant& node) {
+void ExpressionEvaluator::visitConstant(Constant const& node, TypePtr const& expected_type) {
     auto const& token = node.getToken();
     switch (token.type) {
-    case TokenType::Number: {
-        auto const type = node.getType();
-        auto const primitive = type ? type->asPrimitiveType() : nullptr;
-        if (!primitive) {
-            fail();
-            return;
-        }
-        auto parsed = primitive->getKind() == PrimitiveType::Kind::Int ? parseInt(token.lexeme)
-                                                                       : parseReal(token.lexeme);
-        if (auto* const value = std::get_if<Any>(&parsed))
-            finish(std::move(*value));
-        else
-            fail(std::get<ErrorCode>(parsed), token);
-        return;
-    }
+    case TokenType::Number: evaluateNumber(node); return;
     case TokenType::String:
-    case TokenType::MultilineString: finish(Any(node.getStringValue())); return;
+    case TokenType::MultilineString: leave(Any(node.getStringValue())); return;
     case TokenType::True:
-    case TokenType::False: finish(Any(token.type == TokenType::True)); return;
-    case TokenType::Identifier: evaluateName(node); return;
+    case TokenType::False: leave(Any(token.type == TokenType::True)); return;
+    case TokenType::Identifier: evaluateName(node, expected_type); return;
     default: SLATE_LOG_ERROR("Corrupt constant node"); fail();
     }
 }
 
-void ExpressionEvaluator::evaluateName(Constant const& node) {
+void ExpressionEvaluator::evaluateNumber(Constant const& node) {
+    auto const* const type = node.getPrimitiveType();
+    if (type == nullptr) {
+        fail();
+        return;
+    }
+    auto const& token = node.getToken();
+    auto parsed =
+        type->getKind() == PrimitiveType::Kind::Int ? parseInt(token.lexeme) : parseReal(token.lexeme);
+    if (auto* const value = std::get_if<Any>(&parsed))
+        leave(std::move(*value));
+    else
+        fail(std::get<ErrorCode>(parsed), token);
+}
+
+void ExpressionEvaluator::evaluateName(Constant const& node, TypePtr const& expected_type) {
     auto const& name = node.getToken().lexeme;
-    auto const type = node.getType();
+    auto const type = node.getPrimitiveType() == nullptr ? node.getType() : nullptr;
     if (name == "this" || (type && type->isMethodDeclaration())) {
         ++effects_;
-        finish(Any(current_object_));
+        leave(Any(current_object_));
         return;
     }
     auto const global = document_ ? document_->nsLookupConstOrVar(name) : nullptr;
@@ -146,18 +151,19 @@ void ExpressionEvaluator::evaluateName(Constant const& node) {
         if (value.isUndefined())
             fail(ErrUndefinedValue, node.getToken());
         else
-            finish(std::move(value));
+            leave(std::move(value));
     } else if (auto const variable = global->asVarAssignment()) {
-        pushVariable(variable);
+        // A bare name stands for the value in its place, so it is the reader's type that is expected.
+        pushVariable(variable, expected_type);
     } else {
-        finish(Any(getOrCreateInstance(global->asModelDeclaration(), nullptr)));
+        leave(Any(getOrCreateInstance(global->asModelDeclaration(), nullptr)));
     }
 }
 
-/// In place of the frame on top: the value of a variable, in the variable's own document.
-void ExpressionEvaluator::pushVariable(VarAssignPtr const& variable) {
+/// The value of a variable, in the variable's own document.
+void ExpressionEvaluator::pushVariable(VarAssignPtr const& variable, TypePtr const& expected_type) {
     if (auto const known = known_variables_.find(variable.get()); known != known_variables_.end()) {
-        finish(known->second);
+        leave(known->second);
         return;
     }
     // One that lost its value to a mistake, or comes back to itself.
@@ -165,19 +171,17 @@ void ExpressionEvaluator::pushVariable(VarAssignPtr const& variable) {
         fail();
         return;
     }
-    auto& frame = frames_.back();
+    auto& frame = frames_.emplace_back(nullptr, expected_type, values_.size());
     frame.variable = variable;
     frame.saved_document = document_;
     frame.effects_before = effects_;
-    frame.next = 0;
 }
 
 void ExpressionEvaluator::stepVariable(Frame& frame) {
     auto const variable = frame.variable;
     if (frame.next++ == 0) {
         document_ = variable->getOwningDocument();
-        // A bare name stands for the value in its place; a dotted one has the type of the variable.
-        auto const expected_type = frame.expression->isConstant() ? frame.expected_type : variable->getType();
+        auto const expected_type = frame.expected_type;
         push(variable->getValue(), expected_type);
         return;
     }

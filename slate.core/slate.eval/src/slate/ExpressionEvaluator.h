@@ -66,10 +66,14 @@ class ExpressionEvaluator {
     void visitInitializer(Frame& frame, InitializerPtr const& node);
     void stepVariable(Frame& frame);
 
-    void push(ExpressionPtr const& expression, TypePtr const& expected_type);
-    void pushVariable(VarAssignPtr const& variable);
+    /// Answers whether the value is there already, as that of a constant is; else it comes with the frame that now
+    /// stands on the stack, if nothing failed. No reference to a frame lives on.
+    bool push(ExpressionPtr const& expression, TypePtr const& expected_type);
+    void pushVariable(VarAssignPtr const& variable, TypePtr const& expected_type);
     void finish(Any value);
     Any pop();
+
+    void leave(Any value) { values_.push_back(std::move(value)); }
 
     void fail() { failed_ = true; }
 
@@ -77,8 +81,9 @@ class ExpressionEvaluator {
 
     void fail(ErrorCode code, Token const& token);
 
-    void visitConstant(Constant& node);
-    void evaluateName(Constant const& node);
+    void visitConstant(Constant const& node, TypePtr const& expected_type);
+    void evaluateName(Constant const& node, TypePtr const& expected_type);
+    void evaluateNumber(Constant const& node);
     void readMember(MemberAccess const& node, Any const& operand);
     void callMethod(Call const& node, MethodDeclaration const& method, Any const& receiver,
                     std::vector<Any> const& arguments);

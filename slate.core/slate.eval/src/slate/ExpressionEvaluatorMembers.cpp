@@ -37,7 +37,8 @@ void ExpressionEvaluator::visitMemberAccess(Frame& frame, MemberAccess const& no
         push(node.getLhs(), nullptr);
     } else if (auto const variable = global->asVarAssignment()) {
         if (variable->getValue() && !variable->hasTargetDeclarations()) {
-            pushVariable(variable);
+            frames_.pop_back(); // the variable takes its place
+            pushVariable(variable, variable->getType());
             return;
         }
         SLATE_LOG_ERROR("Corrupt var declaration node");

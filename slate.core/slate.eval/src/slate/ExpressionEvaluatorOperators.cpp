@@ -14,9 +14,8 @@ namespace {
 
 using Kind = PrimitiveType::Kind;
 
-PrimitiveTypePtr primitiveTypeOf(ExpressionPtr const& expression) {
-    auto const type = expression ? expression->getType() : nullptr;
-    return type ? type->asPrimitiveType() : nullptr;
+PrimitiveType const* primitiveTypeOf(ExpressionPtr const& expression) {
+    return expression ? expression->getPrimitiveType() : nullptr;
 }
 
 bool isNumber(Any const& value) { return value.isInt() || value.isReal(); }
@@ -64,17 +63,18 @@ double computeReals(TokenType op, double lhs, double rhs) {
 } // namespace
 
 void ExpressionEvaluator::visitBinaryOp(Frame& frame, BinaryOp const& node) {
-    bool const is_primitive = primitiveTypeOf(node.getLhs()) && primitiveTypeOf(node.getRhs());
-    auto const overload = node.getOverload();
+    bool const is_primitive =
+        primitiveTypeOf(node.getLhs()) != nullptr && primitiveTypeOf(node.getRhs()) != nullptr;
+    auto const overload = is_primitive ? nullptr : node.getOverload();
     if (!is_primitive && (!overload || overload->getParameters().size() != 2)) {
         fail();
         return;
     }
-    auto const i = frame.next++;
-    if (i < 2) {
+    while (frame.next < 2) {
+        auto const i = frame.next++;
         auto const& operand = i == 0 ? node.getLhs() : node.getRhs();
-        push(operand, is_primitive ? operand->getType() : overload->getParameters()[i]->getType());
-        return;
+        if (!push(operand, is_primitive ? operand->getType() : overload->getParameters()[i]->getType()))
+            return;
     }
     auto const rhs = pop();
     auto const lhs = pop();
@@ -104,19 +104,19 @@ void ExpressionEvaluator::computePrimitive(BinaryOp const& node, Any const& lhs,
 }
 
 void ExpressionEvaluator::visitUnary(Frame& frame, Unary const& node) {
-    auto const primitive = primitiveTypeOf(node.getOperand());
+    auto const* const primitive = primitiveTypeOf(node.getOperand());
     auto const overload = node.getOverload();
-    if (!primitive && (!overload || overload->getParameters().size() != 1)) {
+    if (primitive == nullptr && (!overload || overload->getParameters().size() != 1)) {
         fail();
         return;
     }
     if (frame.next++ == 0) {
         push(node.getOperand(),
-             primitive ? node.getOperand()->getType() : overload->getParameters().front()->getType());
+             primitive != nullptr ? node.getOperand()->getType() : overload->getParameters().front()->getType());
         return;
     }
     auto const operand = pop();
-    if (!primitive) {
+    if (primitive == nullptr) {
         noteNativeCall();
         finishOverload(node, node.getOperatorToken(), *overload,
                        evaluator_context_->callUnaryOperator(overload->getOverloadName(), operand));

@@ -11,8 +11,6 @@ namespace Slate {
 
 namespace {
 
-constexpr std::size_t initial_cache_buckets = 8;
-
 std::optional<std::string> nameOf(Node& member) {
     if (auto const variable = member.asVarAssignment())
         return variable->getName();
@@ -30,8 +28,7 @@ DocPtr Document::create(std::string source_id, vec<NodePtr> members) {
 Document::Document(CreateKey, std::string&& source_id, vec<NodePtr>&& members)
     : Node(NodeType::Document),
       source_id_(std::move(source_id)),
-      members_(std::move(members), nameOf),
-      ns_cache_(initial_cache_buckets) {}
+      members_(std::move(members), nameOf) {}
 
 void Document::accept(NodeVisitor& visitor) { visitor.visitDocument(shared_from_this()); }
 
@@ -67,14 +64,14 @@ void Document::cacheNsLookup(std::string const& key, NodePtr const& node, DocPtr
         NameTable::countCommonSegments(namespace_segments_, source_document->namespace_segments_);
     auto const nearness_of_key = NameTable::countCommonSegments(namespace_segments_, key);
     if (nearness_of_key < nearness_of_offer || !nsLookup(key))
-        ns_cache_.insert_or_assign(key, node);
+        ns_cache_.findOrAdd(key) = node;
     auto const dots = static_cast<std::size_t>(std::ranges::count(key, '.'));
     dots_of_longest_key_ = std::max(dots_of_longest_key_, dots);
 }
 
 NodePtr Document::nsLookup(std::string_view key) const {
-    if (auto const entry = ns_cache_.find(key); entry != ns_cache_.end()) {
-        if (auto node = entry->second.lock())
+    if (auto const* const entry = ns_cache_.find(key)) {
+        if (auto node = entry->lock())
             return node;
     }
     NodePtr found;
@@ -118,9 +115,9 @@ void Document::clearNsCache() {
 }
 
 void Document::setNames(std::shared_ptr<NameTable const> names, NameTable const& fresh) {
-    for (auto& [key, node] : ns_cache_) {
+    for (auto const& [key, node] : ns_cache_.entries()) {
         if (auto const nearer = fresh.findNearer(namespace_segments_, key))
-            node = nearer;
+            *ns_cache_.find(key) = nearer;
     }
     auto earlier = isScopeOfThisNamespace() ? name_scope_->earlier : name_scope_;
     name_scope_ = std::make_shared<NameScope const>(

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "slate/Fnv1a.h"
+#include "slate/NamedList.h"
 #include "slate/MemberList.h"
 #include "slate/NameTable.h"
 
@@ -116,7 +116,7 @@ class Document : public Node, public std::enable_shared_from_this<Document> {
 
     /// What was offered one by one; goes before the table. Weak, as the table is: documents name one
     /// another's nodes.
-    StringMap<std::weak_ptr<Node>> ns_cache_;
+    NamedList<std::weak_ptr<Node>> ns_cache_;
     std::size_t dots_of_longest_key_ = 0; // of those in `ns_cache_`
 
     /// What was removed from the members while name tables may know it: these answer as things were when they

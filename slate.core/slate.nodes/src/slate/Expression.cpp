@@ -1,5 +1,7 @@
 #include "slate/Expression.h"
 
+#include "slate/PrimitiveType.h"
+
 #include <utility>
 
 namespace Slate {
@@ -45,6 +47,11 @@ void Expression::unbind() {
 }
 
 ExpressionPtr const& Expression::getChainOperand() const { return no_operand; }
+
+PrimitiveType const* Expression::getPrimitiveType() const {
+    auto const* const type = type_.getMadeByAnalysis();
+    return type != nullptr && type->isPrimitiveType() ? static_cast<PrimitiveType const*>(type) : nullptr;
+}
 
 Token const& Expression::getFirstToken() const { return first_token_ ? *first_token_ : no_token; }
 

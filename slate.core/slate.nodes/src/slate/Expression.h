@@ -44,6 +44,9 @@ class Expression : public Node {
     /// The type that the analysis found; empty if none.
     TypePtr getType() const { return type_.get(); }
 
+    /// That type if it is a primitive one, else null; it belongs to this node.
+    PrimitiveType const* getPrimitiveType() const;
+
     void setType(TypePtr const& type) { type_.set(type); }
 
   protected:

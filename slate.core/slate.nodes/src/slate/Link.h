@@ -35,6 +35,12 @@ class Link {
         return {};
     }
 
+    /// The target if the analysis made it, else null; valid as long as it stays set.
+    Target* getMadeByAnalysis() const {
+        auto const* strong = std::get_if<std::shared_ptr<Target>>(&target_);
+        return strong == nullptr ? nullptr : strong->get();
+    }
+
   private:
     static bool isMadeByAnalysis(Node const& node) {
         return node.isPrimitiveType() || node.isArrayType() || node.isInitializerType();

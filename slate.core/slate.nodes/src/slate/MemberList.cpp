@@ -31,12 +31,13 @@ vec<NodePtr> MemberList::removeInvalid() {
 
 template <typename Condition>
 vec<NodePtr> MemberList::removeIf(Condition condition) {
+    if (std::ranges::none_of(members_, condition))
+        return {};
     auto const first_removed =
         std::stable_partition(members_.begin(), members_.end(), std::not_fn(condition));
     vec<NodePtr> removed(std::make_move_iterator(first_removed), std::make_move_iterator(members_.end()));
     members_.erase(first_removed, members_.end());
-    if (!removed.empty())
-        dropTable();
+    dropTable();
     return removed;
 }
 
@@ -55,12 +56,18 @@ std::size_t MemberList::firstPosition(std::string_view name) const {
         return scanFrom(0, name);
     if (!has_table_)
         buildTable();
-    auto const run = runs_.find(name);
-    return run == runs_.end() ? none : run->second.first;
+    return firstInTable(name);
 }
 
 std::size_t MemberList::nextPosition(std::size_t position, std::string_view name) const {
-    return isShort() ? scanFrom(position + 1, name) : next_of_name_[position];
+    if (isShort())
+        return scanFrom(position + 1, name);
+    auto const next = run_at_[position].next;
+    return next == 0 ? none : next;
+}
+
+std::size_t MemberList::firstInTable(std::string_view name) const {
+    return runs_.find(name, [&](std::size_t position) { return name_of_(*members_[position]) == name; });
 }
 
 std::size_t MemberList::scanFrom(std::size_t position, std::string_view name) const {
@@ -74,11 +81,11 @@ std::size_t MemberList::scanFrom(std::size_t position, std::string_view name) co
 void MemberList::dropTable() {
     has_table_ = false;
     runs_.clear();
-    next_of_name_.clear();
+    run_at_.clear();
 }
 
 void MemberList::buildTable() const {
-    next_of_name_.reserve(members_.size());
+    run_at_.reserve(members_.size());
     for (std::size_t position = 0; position < members_.size(); ++position)
         addToTable(position);
     has_table_ = true;
@@ -86,15 +93,19 @@ void MemberList::buildTable() const {
 
 /// Positions are added in ascending order.
 void MemberList::addToTable(std::size_t position) const {
-    next_of_name_.push_back(none);
-    auto name = name_of_(*members_[position]);
+    auto const place = static_cast<std::uint32_t>(position);
+    run_at_.push_back({0, place});
+    auto const name = name_of_(*members_[position]);
     if (!name)
         return;
-    auto const [run, is_new] = runs_.try_emplace(std::move(*name), Run{position, position});
-    if (!is_new) {
-        next_of_name_[run->second.last] = position;
-        run->second.last = position;
+    auto const first = firstInTable(*name);
+    if (first == none) {
+        runs_.add(*name, position);
+        return;
     }
+    auto& last = run_at_[first].last;
+    run_at_[last].next = place;
+    last = place;
 }
 
 } // namespace Slate

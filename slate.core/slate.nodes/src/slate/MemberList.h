@@ -1,8 +1,9 @@
 #pragma once
 
-#include "slate/Fnv1a.h"
+#include "slate/NameIndex.h"
 #include "slate/Node.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,18 +46,20 @@ class MemberList {
     vec<NodePtr> findAll(std::string_view name) const;
 
   private:
-    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+    static constexpr auto none = NameIndex::none;
 
-    /// The positions of the first and the last member of a name; `next_of_name_` leads from one to the other.
+    /// At each position that of the next member of the same name, 0 behind the last one; at the first one also
+    /// that of the last.
     struct Run {
-        std::size_t first;
-        std::size_t last;
+        std::uint32_t next;
+        std::uint32_t last;
     };
 
     bool isShort() const;
     std::size_t firstPosition(std::string_view name) const;
     std::size_t nextPosition(std::size_t position, std::string_view name) const;
     std::size_t scanFrom(std::size_t position, std::string_view name) const;
+    std::size_t firstInTable(std::string_view name) const;
     template <typename Condition>
     vec<NodePtr> removeIf(Condition condition);
     void dropTable();
@@ -67,8 +70,8 @@ class MemberList {
     NameOf name_of_;
     // A look-up fills these; they say nothing that the members do not.
     mutable bool has_table_ = false;
-    mutable StringMap<Run> runs_;
-    mutable std::vector<std::size_t> next_of_name_;
+    mutable NameIndex runs_; // by the first position of each name
+    mutable std::vector<Run> run_at_;
 };
 
 } // namespace Slate

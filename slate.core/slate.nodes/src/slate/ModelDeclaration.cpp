@@ -128,7 +128,7 @@ vec<AnnotationPtr> ModelDeclaration::findModelAnnotations(std::string_view name)
 }
 
 void ModelDeclaration::setIsNewSymbol(std::string const& symbol_path, NodePtr const& symbol) {
-    new_symbols_.insert_or_assign(symbol_path, symbol);
+    new_symbols_.findOrAdd(symbol_path) = symbol;
 }
 
 bool ModelDeclaration::hasNewSymbol(std::string_view symbol_path) const {
@@ -137,7 +137,7 @@ bool ModelDeclaration::hasNewSymbol(std::string_view symbol_path) const {
 }
 
 void ModelDeclaration::setIsExtendedSymbol(std::string const& symbol_path) {
-    extended_symbols_.insert(symbol_path);
+    extended_symbols_.add(symbol_path);
 }
 
 bool ModelDeclaration::isExtendedSymbol(std::string_view symbol_path) const {
@@ -146,8 +146,8 @@ bool ModelDeclaration::isExtendedSymbol(std::string_view symbol_path) const {
 }
 
 VarAssignPtr ModelDeclaration::findNewAttribute(std::string_view symbol_path) const {
-    auto const entry = new_symbols_.find(symbol_path);
-    auto const symbol = entry == new_symbols_.end() ? nullptr : entry->second.lock();
+    auto const* const entry = new_symbols_.find(symbol_path);
+    auto const symbol = entry == nullptr ? nullptr : entry->lock();
     return symbol ? symbol->asVarAssignment() : nullptr;
 }
 
@@ -161,15 +161,18 @@ VarAssignPtr ModelDeclaration::lookupDeclarationFromSegments(TokenVector const& 
                                                              std::size_t last_ix) const {
     if (first_ix > last_ix || last_ix >= segments.size())
         return {};
-    auto const from = segments.begin() + static_cast<std::ptrdiff_t>(first_ix);
-    auto const to = segments.begin() + static_cast<std::ptrdiff_t>(last_ix) + 1;
-    auto const path = segmentsAsString(TokenVector(from, to));
+    std::string path = segments[first_ix].lexeme;
+    for (auto i = first_ix + 1; i <= last_ix; ++i)
+        path += "." + segments[i].lexeme;
+    return lookupDeclarationWithTraits(path);
+}
 
+VarAssignPtr ModelDeclaration::lookupDeclarationWithTraits(std::string_view symbol_path) const {
     return findAlongExtends([&](ModelDeclaration const& model) {
-        auto declaration = model.findNewAttribute(path);
+        auto declaration = model.findNewAttribute(symbol_path);
         for (auto trait = model.traits_.begin(); !declaration && trait != model.traits_.end(); ++trait) {
             if (auto const trait_model = (*trait)->getTraitDeclaration())
-                declaration = trait_model->lookupDeclaration(path);
+                declaration = trait_model->lookupDeclaration(symbol_path);
         }
         return declaration;
     });

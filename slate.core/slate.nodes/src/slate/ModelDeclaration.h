@@ -1,8 +1,8 @@
 #pragma once
 
 #include "slate/CycleGuard.h"
-#include "slate/Fnv1a.h"
 #include "slate/MemberList.h"
+#include "slate/NamedList.h"
 #include "slate/Type.h"
 
 #include <string>
@@ -143,8 +143,8 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     /// Records that this model introduces the symbol path.
     void setIsNewSymbol(std::string const& symbol_path, NodePtr const& symbol);
 
-    /// What `setIsNewSymbol` has recorded, in no particular order.
-    StringMap<std::weak_ptr<Node>> const& getNewSymbols() const { return new_symbols_; }
+    /// What `setIsNewSymbol` has recorded, in the order in which the paths were first met.
+    NamedList<std::weak_ptr<Node>> const& getNewSymbols() const { return new_symbols_; }
 
     /// Does this model or one that it extends introduce the path? Traits are not asked.
     bool hasNewSymbol(std::string_view symbol_path) const;
@@ -152,8 +152,8 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     /// Records that this model takes the symbol path over from its parent and changes it.
     void setIsExtendedSymbol(std::string const& symbol_path);
 
-    /// What `setIsExtendedSymbol` has recorded, in no particular order.
-    StringSet const& getExtendedSymbols() const { return extended_symbols_; }
+    /// What `setIsExtendedSymbol` has recorded, in the order in which the paths were first met.
+    std::vector<std::string> const& getExtendedSymbols() const { return extended_symbols_.names(); }
 
     /// Does this model or one that it extends take over and change the path?
     bool isExtendedSymbol(std::string_view symbol_path) const;
@@ -165,6 +165,9 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     /// the way also asks its traits before its parent.
     VarAssignPtr lookupDeclarationFromSegments(TokenVector const& segments, std::size_t first_ix,
                                                std::size_t last_ix) const;
+
+    /// The same for a path as one text.
+    VarAssignPtr lookupDeclarationWithTraits(std::string_view symbol_path) const;
 
     // The search for members by name. A method has its name, an attribute of one segment that segment; an
     // attribute with a longer path is not found. Own members come first, then those of the parent, and so on.
@@ -250,8 +253,8 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     std::weak_ptr<Document> owning_document_;
     std::vector<TopoPathPtr> topological_sort_;
     std::vector<std::string> namespace_snapshot_;
-    StringMap<std::weak_ptr<Node>> new_symbols_; // the model's own attributes among them
-    StringSet extended_symbols_;
+    NamedList<std::weak_ptr<Node>> new_symbols_; // the model's own attributes among them
+    NameSet extended_symbols_;
 };
 
 } // namespace Slate

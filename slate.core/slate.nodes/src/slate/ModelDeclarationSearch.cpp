@@ -79,25 +79,26 @@ vec<NodePtr> ModelDeclaration::findMembersOfType(NodeType type) const {
 vec<VarAssignPtr> ModelDeclaration::findAttributesInOrder() const {
     auto const chain = extendsChain();
 
-    StringMap<VarAssignPtr> nearest_redeclarations;
+    NamedList<VarAssignPtr> nearest_redeclarations;
     for (auto const* model : chain) {
         for (auto const& member : model->getMembers()) {
             auto const attribute = member->asVarAssignment();
-            if (isProperDeclaration(attribute) && attribute->getOperatorToken().type == TokenType::Becomes)
-                nearest_redeclarations.try_emplace(attribute->getName(), attribute);
+            if (isProperDeclaration(attribute) && attribute->getOperatorToken().type == TokenType::Becomes) {
+                auto& nearest = nearest_redeclarations.findOrAdd(attribute->getName());
+                nearest = nearest ? nearest : attribute;
+            }
         }
     }
 
     vec<VarAssignPtr> attributes;
-    StringSet names;
+    NameSet names;
     for (auto model = chain.rbegin(); model != chain.rend(); ++model) {
         for (auto const& member : (*model)->getMembers()) {
             auto const attribute = member->asVarAssignment();
-            if (!isProperDeclaration(attribute) || !names.insert(attribute->getName()).second)
+            if (!isProperDeclaration(attribute) || !names.add(attribute->getName()))
                 continue;
-            auto const redeclaration = nearest_redeclarations.find(attribute->getName());
-            attributes.push_back(redeclaration == nearest_redeclarations.end() ? attribute
-                                                                               : redeclaration->second);
+            auto const* const redeclaration = nearest_redeclarations.find(attribute->getName());
+            attributes.push_back(redeclaration == nullptr ? attribute : *redeclaration);
         }
     }
     return attributes;

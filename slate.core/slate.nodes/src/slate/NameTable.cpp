@@ -6,6 +6,12 @@
 
 namespace Slate {
 
+namespace {
+
+std::string_view lastSegmentOf(std::string_view name) { return name.substr(name.rfind('.') + 1); }
+
+} // namespace
+
 void NameTable::add(std::vector<std::string> const& ns, std::string const& name, NodePtr const& node) {
     auto const place = next_place_++;
     auto const namespace_index = indexOf(ns);
@@ -20,7 +26,8 @@ void NameTable::add(std::vector<std::string> const& ns, std::string const& name,
 void NameTable::addEntry(std::string const& full_name, Entry added) {
     auto const dots = static_cast<std::size_t>(std::ranges::count(full_name, '.'));
     dots_of_longest_name_ = std::max(dots_of_longest_name_, dots);
-    auto& entries = entries_by_full_name_[full_name];
+    last_segments_.add(lastSegmentOf(full_name));
+    auto& entries = entries_by_full_name_.findOrAdd(full_name);
     auto const known = std::ranges::find_if(entries, [&added](Entry const& entry) {
         return entry.namespace_index == added.namespace_index &&
                entry.hides_blank_segment == added.hides_blank_segment;
@@ -78,7 +85,7 @@ std::size_t NameTable::countCommonSegments(std::vector<std::string> const& segme
 }
 
 std::size_t NameTable::indexOf(std::vector<std::string> const& ns) {
-    auto& candidates = namespaces_by_text_[join(ns.begin(), ns.end(), ".")];
+    auto& candidates = namespaces_by_text_.findOrAdd(join(ns.begin(), ns.end(), "."));
     auto const known =
         std::ranges::find_if(candidates, [&](std::size_t index) { return namespaces_[index] == ns; });
     if (known != candidates.end())
@@ -92,28 +99,38 @@ std::size_t NameTable::indexOf(std::vector<std::string> const& ns) {
 /// begin with these; so each leading run of the viewer's namespace is put in front of the key in turn.
 NameTable::Match NameTable::match(std::vector<std::string> const& viewer, std::string_view key) const {
     Match best;
-    auto const spelled_out = countCommonSegments(viewer, key);
-    std::string full_name_start;
-    for (std::size_t shared = 0; shared <= viewer.size(); ++shared) {
-        if (shared > 0)
-            full_name_start += viewer[shared - 1] + ".";
-        auto const entries = entries_by_full_name_.find(full_name_start + std::string(key));
-        if (entries == entries_by_full_name_.end())
-            continue;
-        for (auto const& entry : entries->second) {
-            auto const& ns = namespaces_[entry.namespace_index];
-            auto const nearness = countCommonSegments(viewer, ns);
-            bool const blank_is_left = shared + 1 == ns.size() && ns.back().empty();
-            if (nearness < shared || entry.hides_blank_segment != blank_is_left)
-                continue;
-            if (best.first == nullptr || entry.first_place < best.first->first_place)
-                best.first = &entry;
-            if (nearness > spelled_out &&
-                (best.last_nearer == nullptr || entry.last_place > best.last_nearer->last_place))
-                best.last_nearer = &entry;
-        }
+    // Most names that are asked for are none of these: what no name ends in is not looked for further.
+    if (!last_segments_.contains(lastSegmentOf(key)))
+        return best;
+    matchName(best, viewer, key, key, 0);
+    std::string full_name;
+    for (std::size_t shared = 1; shared <= viewer.size(); ++shared) {
+        full_name.resize(full_name.empty() ? 0 : full_name.size() - key.size());
+        full_name += viewer[shared - 1] + ".";
+        full_name += key;
+        matchName(best, viewer, key, full_name, shared);
     }
     return best;
+}
+
+void NameTable::matchName(Match& best, std::vector<std::string> const& viewer, std::string_view key,
+                          std::string_view full_name, std::size_t shared) const {
+    auto const* const entries = entries_by_full_name_.find(full_name);
+    if (entries == nullptr)
+        return;
+    auto const spelled_out = countCommonSegments(viewer, key);
+    for (auto const& entry : *entries) {
+        auto const& ns = namespaces_[entry.namespace_index];
+        auto const nearness = countCommonSegments(viewer, ns);
+        bool const blank_is_left = shared + 1 == ns.size() && ns.back().empty();
+        if (nearness < shared || entry.hides_blank_segment != blank_is_left)
+            continue;
+        if (best.first == nullptr || entry.first_place < best.first->first_place)
+            best.first = &entry;
+        if (nearness > spelled_out &&
+            (best.last_nearer == nullptr || entry.last_place > best.last_nearer->last_place))
+            best.last_nearer = &entry;
+    }
 }
 
 } // namespace Slate

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "slate/Fnv1a.h"
+#include "slate/NamedList.h"
 #include "slate/NodeTypes.h"
 
 #include <cstddef>
@@ -65,10 +65,13 @@ class NameTable {
     void addEntry(std::string const& full_name, Entry added);
     std::size_t indexOf(std::vector<std::string> const& ns);
     Match match(std::vector<std::string> const& viewer, std::string_view key) const;
+    void matchName(Match& best, std::vector<std::string> const& viewer, std::string_view key,
+                   std::string_view full_name, std::size_t shared) const;
 
     std::vector<std::vector<std::string>> namespaces_;
-    StringMap<std::vector<std::size_t>> namespaces_by_text_; // more than one if a segment holds a dot
-    StringMap<std::vector<Entry>> entries_by_full_name_;
+    NamedList<std::vector<std::size_t>> namespaces_by_text_; // more than one if a segment holds a dot
+    NamedList<std::vector<Entry>> entries_by_full_name_;
+    NameSet last_segments_; // what the full names end in
     std::size_t next_place_ = 0;
     std::size_t dots_of_longest_name_ = 0;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "slate/Fnv1a.h"
+#include "slate/NameIndex.h"
 
 #include <algorithm>
 #include <string>
@@ -15,40 +15,100 @@ namespace Slate {
 template <typename Value>
 class NamedList {
   public:
+    using Entry = std::pair<std::string, Value>;
+
     /// Null if there is none of that name.
     Value const* find(std::string_view name) const {
-        if (positions_.empty()) {
-            auto const entry = std::ranges::find(entries_, name, &std::pair<std::string, Value>::first);
-            return entry == entries_.end() ? nullptr : &entry->second;
-        }
-        auto const position = positions_.find(name);
-        return position == positions_.end() ? nullptr : &entries_[position->second].second;
+        auto const position = positionOf(name);
+        return position == NameIndex::none ? nullptr : &entries_[position].second;
     }
 
     Value* find(std::string_view name) { return const_cast<Value*>(std::as_const(*this).find(name)); }
 
-    /// The name must be new.
-    void add(std::string name, Value value) {
-        entries_.emplace_back(std::move(name), std::move(value));
-        if (entries_.size() <= few)
-            return;
-        for (auto i = positions_.size(); i < entries_.size(); ++i)
-            positions_.emplace(entries_[i].first, i);
+    bool contains(std::string_view name) const { return positionOf(name) != NameIndex::none; }
+
+    /// In the order of `add`, or `NameIndex::none`.
+    std::size_t positionOf(std::string_view name) const {
+        if (positions_.empty()) {
+            for (std::size_t i = 0; i < entries_.size(); ++i) {
+                if (entries_[i].first == name)
+                    return i;
+            }
+            return NameIndex::none;
+        }
+        return positions_.find(name, [&](std::size_t position) { return entries_[position].first == name; });
     }
 
-    std::vector<std::pair<std::string, Value>> const& entries() const { return entries_; }
+    /// The name must be new.
+    Value& add(std::string name, Value value) {
+        entries_.emplace_back(std::move(name), std::move(value));
+        if (entries_.size() > few) {
+            for (auto i = positions_.empty() ? 0 : entries_.size() - 1; i < entries_.size(); ++i)
+                positions_.add(entries_[i].first, i);
+        }
+        return entries_.back().second;
+    }
+
+    /// The value of the name; a new one if there is none.
+    Value& findOrAdd(std::string_view name) {
+        auto* const known = find(name);
+        return known == nullptr ? add(std::string(name), Value()) : *known;
+    }
+
+    std::vector<Entry> const& entries() const { return entries_; }
+
+    bool empty() const { return entries_.empty(); }
 
     /// Gives all values away.
-    std::vector<std::pair<std::string, Value>> take() {
+    std::vector<Entry> take() {
         positions_.clear();
         return std::exchange(entries_, {});
     }
 
+    void clear() { *this = NamedList(); }
+
   private:
     static constexpr std::size_t few = 8;
 
-    std::vector<std::pair<std::string, Value>> entries_;
-    StringMap<std::size_t> positions_; // empty while there are few
+    std::vector<Entry> entries_;
+    NameIndex positions_; // empty while there are few
+};
+
+/// A set of names.
+class NameSet {
+  public:
+    bool contains(std::string_view name) const { return positionOf(name) != NameIndex::none; }
+
+    /// Answers whether the name is new.
+    bool add(std::string_view name) {
+        if (contains(name))
+            return false;
+        names_.emplace_back(name);
+        if (names_.size() > few) {
+            for (auto i = positions_.empty() ? 0 : names_.size() - 1; i < names_.size(); ++i)
+                positions_.add(names_[i], i);
+        }
+        return true;
+    }
+
+    /// In the order in which they were added.
+    std::vector<std::string> const& names() const { return names_; }
+
+    void clear() { *this = NameSet(); }
+
+  private:
+    static constexpr std::size_t few = 8;
+
+    std::size_t positionOf(std::string_view name) const {
+        if (positions_.empty()) {
+            auto const known = std::ranges::find(names_, name);
+            return known == names_.end() ? NameIndex::none : static_cast<std::size_t>(known - names_.begin());
+        }
+        return positions_.find(name, [&](std::size_t position) { return names_[position] == name; });
+    }
+
+    std::vector<std::string> names_;
+    NameIndex positions_;
 };
 
 } // namespace Slate

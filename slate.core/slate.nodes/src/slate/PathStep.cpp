@@ -11,7 +11,7 @@ namespace Slate {
 PathStep::PathStep(NodePtr const& node, std::string name, std::size_t index)
     : node_(node),
       name_(std::move(name)),
-      index_(index),
+      index_(static_cast<std::uint32_t>(index)),
       is_member_(!node->isModelDeclaration() && !node->isTraitImpl()) {}
 
 Token PathStep::getToken() const {

@@ -4,6 +4,7 @@
 #include "slate/Token.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -24,7 +25,8 @@ class PathStep {
     /// The type of what the segment leads to, as seen from the root of the path; empty until set.
     TypePtr getOuterType() const { return outer_type_.get(); }
 
-    void setOuterType(TypePtr const& outer_type) { outer_type_.set(outer_type); }
+    /// A note on the step, which changes nothing of what it is.
+    void setOuterType(TypePtr const& outer_type) const { outer_type_.set(outer_type); }
 
     /// The name of the segment; empty for a type step.
     std::string const& getName() const { return name_; }
@@ -64,9 +66,9 @@ class PathStep {
 
   private:
     std::weak_ptr<Node> node_;
-    TypeLink outer_type_;
+    mutable TypeLink outer_type_;
     std::string name_;
-    std::size_t index_;
+    std::uint32_t index_;
     bool is_member_;
 };
 

@@ -124,20 +124,25 @@ TopoPathPtr TopologicalPath::prefix(std::size_t count) const {
 }
 
 TopoPathPtr TopologicalPath::getOuterPath() const {
+    auto const* const outer = getOuterLink();
+    return outer == nullptr ? create() : prefixUpTo(outer);
+}
+
+TopologicalPath::Chain const* TopologicalPath::getOuterLink() const {
     if (!chain_)
-        return create();
-    auto const node = chain_->getStep().getNode();
-    if (countSteps() == 1 && node && node->isVarAssignment())
-        return create();
+        return nullptr;
+    auto const node = countSteps() == 1 ? chain_->getStep().getNode() : nullptr;
+    if (node && node->isVarAssignment())
+        return nullptr;
 
     auto const* member = chain_->getLastMember();
     if (member == nullptr)
-        return prefix(0);
+        return chain_.get();
     auto const* type = member->getLastType();
     if (type == nullptr)
-        return prefixUpTo(chain_->getFirst());
+        return chain_->getFirst();
     auto const* outer = type->getLastMember();
-    return prefixUpTo(outer == nullptr ? type : outer);
+    return outer == nullptr ? type : outer;
 }
 
 /// The path that ends at a link of this one.
@@ -183,24 +188,24 @@ bool TopologicalPath::isLastStepDeclaration() const {
 std::vector<TopoPathPtr> TopologicalPath::getEdges() const {
     std::vector<TopoPathPtr> edges;
     edges.reserve(edges_.size());
-    for (auto const& edge : edges_) {
-        if (auto path = edge.lock())
-            edges.push_back(std::move(path));
-    }
+    forEachEdge([&edges](TopoPathPtr const& path) { edges.push_back(path); });
     return edges;
 }
 
 void TopologicalPath::addEdge(TopoPathPtr const& path) {
     if (edges_.size() < few_edges) {
-        if (std::ranges::none_of(edges_, [&path](auto const& edge) { return edge.lock() == path; }))
+        auto const is_path = [&path](auto const& edge) {
+            return !edge.owner_before(path) && !path.owner_before(edge);
+        };
+        if (std::ranges::none_of(edges_, is_path))
             edges_.push_back(path);
         return;
     }
-    if (known_edges_.empty()) {
-        for (auto const& edge : edges_)
-            known_edges_.insert(edge.lock().get());
+    if (!known_edges_) {
+        known_edges_ = std::make_unique<std::unordered_set<TopologicalPath const*>>();
+        forEachEdge([this](TopoPathPtr const& edge) { known_edges_->insert(edge.get()); });
     }
-    if (known_edges_.insert(path.get()).second)
+    if (known_edges_->insert(path.get()).second)
         edges_.push_back(path);
 }
 

@@ -2,6 +2,8 @@
 
 #include "slate/PathStep.h"
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -49,6 +51,9 @@ class TopologicalPath {
     /// top-level variable of one segment.
     TopoPathPtr getOuterPath() const;
 
+    /// The last link of that path; null for an empty one.
+    Chain const* getOuterLink() const;
+
     /// Does the last node also stand at an earlier step?
     bool hasCycle() const;
 
@@ -76,6 +81,15 @@ class TopologicalPath {
     /// The paths that must come after this one, in the order in which they were added. They are not kept
     /// alive.
     std::vector<TopoPathPtr> getEdges() const;
+
+    /// Calls `visit(path)` with each of them.
+    template <typename Visit>
+    void forEachEdge(Visit visit) const {
+        for (auto const& edge : edges_) {
+            if (auto const path = edge.lock())
+                visit(path);
+        }
+    }
 
     /// A path that is there already is not added again.
     void addEdge(TopoPathPtr const& path);
@@ -108,7 +122,7 @@ class TopologicalPath {
 
     ChainPtr chain_;
     std::vector<std::weak_ptr<TopologicalPath>> edges_;
-    std::unordered_set<TopologicalPath const*> known_edges_; // the same, once they are many
+    std::unique_ptr<std::unordered_set<TopologicalPath const*>> known_edges_; // the same, once they are many
     std::size_t in_degree_ = 0;
     bool valid_ = true;
 };
@@ -140,6 +154,11 @@ class TopologicalPath::Chain {
 
     std::size_t countMembers() const { return member_count_; }
 
+    /// Of the member steps up to this one, those that are not the first of all steps.
+    std::size_t countMembersBehindFirst() const {
+        return member_count_ - (first_->step_.isMember() ? 1 : 0);
+    }
+
   private:
     Chain const* selfUnlessFirst() const { return step_count_ > 1 ? this : nullptr; }
 
@@ -148,8 +167,8 @@ class TopologicalPath::Chain {
     // Links of this chain, or this one.
     Chain const* last_other_; // of the other kind of steps
     Chain const* first_;
-    std::size_t step_count_;
-    std::size_t member_count_;
+    std::uint32_t step_count_;
+    std::uint32_t member_count_;
 };
 
 } // namespace Slate

@@ -7,6 +7,8 @@
 #include "slate/NodeVisitor.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace Slate {
 
@@ -25,9 +27,26 @@ VarAssignment::VarAssignment(CreateKey, TokenVector&& segments, Token&& operator
       segments_(std::move(segments)),
       operator_token_(std::move(operator_token)),
       type_segments_(std::move(type_segments)),
-      annotations_(std::move(annotations)),
-      members_(std::move(members)),
+      body_(annotations.empty() && members.empty()
+                ? nullptr
+                : std::make_unique<Body const>(Body{std::move(annotations), std::move(members)})),
       value_(std::move(value)) {}
+
+VarAssignment::Body const& VarAssignment::emptyBody() {
+    static Body const empty;
+    return empty;
+}
+
+vec<AnnotationPtr> const& VarAssignment::getAnnotations() const { return body().annotations; }
+
+vec<VarAssignPtr> const& VarAssignment::getMembers() const { return body().members; }
+
+void VarAssignment::setSuppliedValue(ExpressionPtr value) {
+    if (value_ && !is_value_supplied_)
+        return;
+    value_ = std::move(value);
+    is_value_supplied_ = value_ != nullptr;
+}
 
 void VarAssignment::accept(NodeVisitor& visitor) { visitor.visitVarAssignment(shared_from_this()); }
 
@@ -35,40 +54,40 @@ void VarAssignment::unbind() {
     owning_document_.reset();
     owning_model_.reset();
     parent_.reset();
-    target_declarations_.clear();
+    targets_itself_ = false;
+    target_declarations_.reset();
     type_.clear();
-    for (auto const& annotation : annotations_)
+    for (auto const& annotation : getAnnotations())
         annotation->unbind();
-    for (auto const& member : members_)
+    for (auto const& member : getMembers())
         member->unbind();
+    if (std::exchange(is_value_supplied_, false))
+        value_.reset();
     if (value_)
         value_->unbind();
-    supplied_value_.reset();
 }
 
 VarAssignPtr VarAssignment::copy() const {
-    auto const copy_expression = [](ExpressionPtr const& expression) {
-        return expression ? expression->cloneWith(Expression::Spans::OfSources) : nullptr;
-    };
     vec<AnnotationPtr> annotations;
-    annotations.reserve(annotations_.size());
-    for (auto const& annotation : annotations_)
+    annotations.reserve(getAnnotations().size());
+    for (auto const& annotation : getAnnotations())
         annotations.push_back(annotation->copy());
     vec<VarAssignPtr> members;
-    members.reserve(members_.size());
-    for (auto const& member : members_)
+    members.reserve(getMembers().size());
+    for (auto const& member : getMembers())
         members.push_back(member->copy());
 
     auto result = create(segments_, operator_token_, type_segments_, std::move(annotations),
-                         std::move(members), copy_expression(value_));
-    result->supplied_value_ = copy_expression(supplied_value_);
+                         std::move(members),
+                         value_ ? value_->cloneWith(Expression::Spans::OfSources) : nullptr);
+    result->is_value_supplied_ = is_value_supplied_;
     result->type_ = type_;
     result->owning_document_ = owning_document_;
     result->owning_model_ = owning_model_;
     result->parent_ = parent_;
-    for (auto const& annotation : result->annotations_)
+    for (auto const& annotation : result->getAnnotations())
         annotation->setOwner(result);
-    for (auto const& member : result->members_)
+    for (auto const& member : result->getMembers())
         member->setParent(result);
     return result;
 }
@@ -101,28 +120,46 @@ std::string VarAssignment::getSourceId() const {
 }
 
 TypePtr VarAssignment::getType() const {
-    return getTypeOfSegment(target_declarations_.empty() ? 0 : target_declarations_.size() - 1);
+    return getTypeOfSegment(target_declarations_ ? target_declarations_->size() - 1 : 0);
 }
 
 TypePtr VarAssignment::getTypeOfSegment(std::size_t index) const {
     if (auto type = type_.get())
         return type;
-    auto const target = index < target_declarations_.size() ? target_declarations_[index].lock() : nullptr;
+    auto const target = targetAt(index);
     return target ? target->type_.get() : nullptr;
+}
+
+/// Of other declarations than this one; empty beyond the last.
+VarAssignPtr VarAssignment::targetAt(std::size_t index) const {
+    return target_declarations_ && index < target_declarations_->size() ? (*target_declarations_)[index].lock()
+                                                                        : nullptr;
 }
 
 void VarAssignment::setType(TypePtr const& type) { type_.set(type); }
 
 vec<VarAssignPtr> VarAssignment::getTargetDeclarations() const {
     vec<VarAssignPtr> targets;
-    targets.reserve(target_declarations_.size());
-    for (auto const& target : target_declarations_)
-        targets.push_back(target.lock());
+    if (targets_itself_)
+        targets.push_back(std::const_pointer_cast<VarAssignment>(shared_from_this()));
+    else if (target_declarations_)
+        std::ranges::transform(*target_declarations_, std::back_inserter(targets),
+                               &std::weak_ptr<VarAssignment>::lock);
     return targets;
 }
 
 void VarAssignment::setTargetDeclarations(vec<VarAssignPtr> const& target_declarations) {
-    target_declarations_.assign(target_declarations.begin(), target_declarations.end());
+    using Targets = std::vector<std::weak_ptr<VarAssignment>>;
+    targets_itself_ = false;
+    target_declarations_ =
+        target_declarations.empty()
+            ? nullptr
+            : std::make_unique<Targets>(target_declarations.begin(), target_declarations.end());
+}
+
+void VarAssignment::setTargetsItself() {
+    target_declarations_.reset();
+    targets_itself_ = true;
 }
 
 bool VarAssignment::isTopDeclaration() const {
@@ -135,7 +172,7 @@ bool VarAssignment::isNestedDeclaration() const {
 }
 
 bool VarAssignment::hasNestedDeclaration() const {
-    return std::ranges::any_of(members_, [](VarAssignPtr const& member) {
+    return std::ranges::any_of(getMembers(), [](VarAssignPtr const& member) {
         return member->isNestedDeclaration() || member->hasNestedDeclaration();
     });
 }
@@ -146,9 +183,9 @@ VarAssignPtr VarAssignment::getOwningDeclaration() {
     while (attribute && !guard.closesAt(attribute.get())) {
         if (attribute->operator_token_.type == TokenType::Is)
             return attribute;
-        if (attribute->operator_token_.type != TokenType::Becomes || attribute->target_declarations_.empty())
+        if (attribute->operator_token_.type != TokenType::Becomes)
             return {};
-        attribute = attribute->target_declarations_.front().lock();
+        attribute = attribute->targetAt(0);
     }
     return {};
 }

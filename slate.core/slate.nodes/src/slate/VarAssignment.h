@@ -31,19 +31,19 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     /// The declared type; may end in the two tokens `[` and `]`; empty without one.
     TokenVector const& getTypeSegments() const { return type_segments_; }
 
-    vec<AnnotationPtr> const& getAnnotations() const { return annotations_; }
+    vec<AnnotationPtr> const& getAnnotations() const;
 
     /// The nested attributes of the indented body.
-    vec<VarAssignPtr> const& getMembers() const { return members_; }
+    vec<VarAssignPtr> const& getMembers() const;
 
     /// The expression behind the colon, else the supplied value; empty without both.
-    ExpressionPtr const& getValue() const { return value_ ? value_ : supplied_value_; }
+    ExpressionPtr const& getValue() const { return value_; }
 
     /// Gives an attribute without value one that no source holds; `unbind` takes it away again.
-    void setSuppliedValue(ExpressionPtr value) { supplied_value_ = std::move(value); }
+    void setSuppliedValue(ExpressionPtr value);
 
     /// Is the value, if there is one, a supplied one?
-    bool isValueSupplied() const { return !value_ && supplied_value_; }
+    bool isValueSupplied() const { return is_value_supplied_; }
 
     /// A copy with all that it holds and all that is bound to this node but the target declarations. Nested
     /// attributes are copied with their copy as the enclosing one, annotations with their copy as the owner,
@@ -73,9 +73,12 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     /// The declarations reached along the target path, one a segment, outermost first.
     vec<VarAssignPtr> getTargetDeclarations() const;
 
-    bool hasTargetDeclarations() const { return !target_declarations_.empty(); }
+    bool hasTargetDeclarations() const { return targets_itself_ || target_declarations_; }
 
     void setTargetDeclarations(vec<VarAssignPtr> const& target_declarations);
+
+    /// This attribute is the one declaration that its target path reaches.
+    void setTargetsItself();
 
     DocPtr getOwningDocument() const { return owning_document_.lock(); }
 
@@ -108,15 +111,26 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     VarAssignPtr getOwningDeclaration();
 
   private:
+    struct Body {
+        vec<AnnotationPtr> annotations;
+        vec<VarAssignPtr> members;
+    };
+
+    static Body const& emptyBody();
+
+    Body const& body() const { return body_ ? *body_ : emptyBody(); }
+
+    VarAssignPtr targetAt(std::size_t index) const;
+
     TokenVector const segments_;
     Token const operator_token_;
     TokenVector const type_segments_;
-    std::vector<std::weak_ptr<VarAssignment>> target_declarations_; // an `is` attribute stands in its own
+    bool targets_itself_ = false; // then there are no others
+    bool is_value_supplied_ = false;
+    std::unique_ptr<std::vector<std::weak_ptr<VarAssignment>>> target_declarations_; // an `is` stands in its own
     TypeLink type_;
-    vec<AnnotationPtr> const annotations_;
-    vec<VarAssignPtr> const members_;
-    ExpressionPtr const value_;
-    ExpressionPtr supplied_value_;
+    std::unique_ptr<Body const> const body_; // most attributes have none
+    ExpressionPtr value_;
     std::weak_ptr<Document> owning_document_;
     std::weak_ptr<ModelDeclaration> owning_model_;
     std::weak_ptr<VarAssignment> parent_;

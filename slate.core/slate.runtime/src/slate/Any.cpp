@@ -5,32 +5,36 @@
 namespace Slate::Core {
 
 template <typename Value>
-Value const& Any::read(AnyType type, char const* complaint) const {
-    if (type_ != type)
+Value const& Any::read(char const* complaint) const {
+    auto const* const value = std::get_if<Value>(&value_);
+    if (value == nullptr)
         throw std::runtime_error(complaint);
-    return std::get<Value>(value_);
+    return *value;
 }
 
 double Any::asReal() const {
     if (isInt())
         return static_cast<double>(std::get<std::int64_t>(value_));
-    return read<double>(AnyType::Real, "Any does not represent a Real");
+    return read<double>("Any does not represent a Real");
 }
 
-std::int64_t Any::asInt() const { return read<std::int64_t>(AnyType::Int, "Any does not represent an Int"); }
+std::int64_t Any::asInt() const { return read<std::int64_t>("Any does not represent an Int"); }
 
-bool Any::asBool() const { return read<bool>(AnyType::Bool, "Any does not represent a Bool"); }
+bool Any::asBool() const { return read<bool>("Any does not represent a Bool"); }
 
 std::string Any::asString() const {
-    return read<std::string>(AnyType::String, "Any does not represent a String");
+    auto const& text = read<StringPtr>("Any does not represent a String");
+    return text ? *text : std::string();
 }
 
 std::shared_ptr<Object> Any::asObject() const {
-    return read<std::shared_ptr<Object>>(AnyType::Object, "Any does not represent an Object");
+    return read<std::shared_ptr<Object>>("Any does not represent an Object");
 }
 
 std::vector<Any> const& Any::asArray() const {
-    return read<std::vector<Any>>(AnyType::Array, "Any does not represent an Array");
+    static std::vector<Any> const none;
+    auto const& array = read<ArrayPtr>("Any does not represent an Array");
+    return array ? *array : none;
 }
 
 std::string Any::typeToString(AnyType type) {
@@ -49,7 +53,11 @@ std::string Any::typeToString(AnyType type) {
 
 // An array equals itself even if it holds a NaN, which does not.
 bool Any::operator==(Any const& other) const {
-    return this == &other || (type_ == other.type_ && value_ == other.value_);
+    if (this == &other || getType() != other.getType())
+        return this == &other;
+    if (isString())
+        return asString() == other.asString();
+    return isArray() ? asArray() == other.asArray() : value_ == other.value_;
 }
 
 } // namespace Slate::Core

@@ -25,25 +25,27 @@ enum class AnyType : std::int32_t {
 };
 
 /// A value at run time: what an expression evaluates to, what an attribute holds, and what native functions
-/// take and return. A copy has its own strings and arrays and shares objects.
+/// take and return. Strings and arrays never change, so copies share them; they share objects too.
 class Any {
   public:
     /// `Undefined`.
-    Any() : Any(std::shared_ptr<Object>()) {}
+    Any() = default;
 
-    explicit Any(double value) : type_(AnyType::Real), value_(value) {}
+    explicit Any(double value) : value_(value) {}
 
-    explicit Any(std::int64_t value) : type_(AnyType::Int), value_(value) {}
+    explicit Any(std::int64_t value) : value_(value) {}
 
-    explicit Any(bool value) : type_(AnyType::Bool), value_(value) {}
+    explicit Any(bool value) : value_(value) {}
 
-    explicit Any(std::string&& value) : type_(AnyType::String), value_(std::move(value)) {}
+    explicit Any(std::string&& value) : value_(std::make_shared<std::string const>(std::move(value))) {}
 
-    explicit Any(std::vector<Any>&& value) : type_(AnyType::Array), value_(std::move(value)) {}
+    explicit Any(std::vector<Any>&& value) : value_(std::make_shared<std::vector<Any> const>(std::move(value))) {}
 
     /// `Undefined` if the pointer is empty.
-    explicit Any(std::shared_ptr<Object> value)
-        : type_(value ? AnyType::Object : AnyType::Undefined), value_(std::move(value)) {}
+    explicit Any(std::shared_ptr<Object> value) {
+        if (value)
+            value_ = std::move(value);
+    }
 
     /// A text would otherwise become a `Bool`.
     explicit Any(char const*) = delete;
@@ -56,21 +58,21 @@ class Any {
 
     static Any fromObject(std::shared_ptr<Object> value) { return Any(std::move(value)); }
 
-    AnyType getType() const { return type_; }
+    AnyType getType() const { return static_cast<AnyType>(value_.index()); }
 
-    bool isReal() const { return type_ == AnyType::Real; }
+    bool isReal() const { return getType() == AnyType::Real; }
 
-    bool isInt() const { return type_ == AnyType::Int; }
+    bool isInt() const { return getType() == AnyType::Int; }
 
-    bool isBool() const { return type_ == AnyType::Bool; }
+    bool isBool() const { return getType() == AnyType::Bool; }
 
-    bool isString() const { return type_ == AnyType::String; }
+    bool isString() const { return getType() == AnyType::String; }
 
-    bool isObject() const { return type_ == AnyType::Object; }
+    bool isObject() const { return getType() == AnyType::Object; }
 
-    bool isArray() const { return type_ == AnyType::Array; }
+    bool isArray() const { return getType() == AnyType::Array; }
 
-    bool isUndefined() const { return type_ == AnyType::Undefined; }
+    bool isUndefined() const { return getType() == AnyType::Undefined; }
 
     // The value. Each throws `std::runtime_error` if this is of another kind.
 
@@ -83,7 +85,7 @@ class Any {
     std::vector<Any> const& asArray() const;
 
     /// "Int", "Real" and so on.
-    std::string typeAsString() const { return typeToString(type_); }
+    std::string typeAsString() const { return typeToString(getType()); }
 
     /// The name of a kind; throws `std::runtime_error` for a number that is none.
     static std::string typeToString(AnyType type);
@@ -92,11 +94,15 @@ class Any {
     bool operator==(Any const& other) const;
 
   private:
-    template <typename Value>
-    Value const& read(AnyType type, char const* complaint) const;
+    using StringPtr = std::shared_ptr<std::string const>;
+    using ArrayPtr = std::shared_ptr<std::vector<Any> const>;
 
-    AnyType type_;
-    std::variant<double, std::int64_t, bool, std::string, std::vector<Any>, std::shared_ptr<Object>> value_;
+    template <typename Value>
+    Value const& read(char const* complaint) const;
+
+    // In the order of `AnyType`; no pointer in it is empty but in what was moved from.
+    std::variant<std::int64_t, double, bool, StringPtr, std::shared_ptr<Object>, ArrayPtr, std::monostate> value_ =
+        std::monostate();
 };
 
 using AnyVector = std::vector<Any>;

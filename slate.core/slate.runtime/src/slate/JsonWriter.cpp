@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <iterator>
+#include <typeinfo>
 
 namespace Slate::Core {
 
@@ -58,15 +59,16 @@ bool JsonWriter::open(Object const& object, std::shared_ptr<Object> held) {
     if (held && !visited_.insert(&object).second)
         return false;
     writeHead(object);
-    Open opened{&object, nullptr, std::move(held), {}};
-    object.extractEntriesTo(opened.entries);
+    Open opened{&object, {}, std::move(held), {}, typeid(object) != typeid(Object)};
+    if (opened.has_own_entries)
+        object.extractEntriesTo(opened.entries);
     open_.push_back(std::move(opened));
     return true;
 }
 
-void JsonWriter::open(Object const& owner, std::vector<Any> const& array) {
+void JsonWriter::open(Object const& owner, Any const& array) {
     write("[");
-    open_.push_back({&owner, &array, nullptr, {}});
+    open_.push_back({&owner, array, nullptr, {}});
 }
 
 void JsonWriter::finish() {
@@ -76,30 +78,41 @@ void JsonWriter::finish() {
     }
 }
 
-/// Answers false at the end.
+/// Answers false at the end. What is written may open something: `open` is not looked at again.
 bool JsonWriter::writeNext(Open& open) {
     auto const i = open.next++;
-    if (open.array != nullptr) {
-        if (i == open.array->size())
+    if (open.array.isArray()) {
+        auto const& elements = open.array.asArray();
+        if (i == elements.size())
             return false;
         write(i > 0 ? "," : "");
-        Object::writeValueAsJson(*this, *open.owner, (*open.array)[i]);
+        Object::writeValueAsJson(*this, *open.owner, elements[i]);
         return true;
     }
-    if (i == open.entries.size())
+    if (open.has_own_entries) {
+        if (i == open.entries.size())
+            return false;
+        writeEntry(*open.owner, open.entries[i].first, open.entries[i].second);
+        return true;
+    }
+    auto const& attributes = open.owner->attributes_.entries();
+    if (i >= attributes.size())
         return false;
-    auto const& [key, value] = open.entries[i];
+    writeEntry(*open.owner, attributes[i].first, attributes[i].second.value);
+    return true;
+}
+
+void JsonWriter::writeEntry(Object const& owner, std::string const& key, Any const& value) {
     write(",\"");
     write(key);
     write("\":");
-    Object::writeValueAsJson(*this, *open.owner, value);
-    return true;
+    Object::writeValueAsJson(*this, owner, value);
 }
 
 void JsonWriter::close() {
     auto const open = std::move(open_.back());
     open_.pop_back();
-    if (open.array != nullptr) {
+    if (open.array.isArray()) {
         write("]");
         return;
     }

@@ -34,8 +34,8 @@ class JsonWriter {
     /// With `held` it is closed by a brace.
     bool open(Object const& object, std::shared_ptr<Object> held);
 
-    /// Opens an array of a value of `owner`. The array must stay where it is until it is closed.
-    void open(Object const& owner, std::vector<Any> const& array);
+    /// Opens an array that is a value of `owner`.
+    void open(Object const& owner, Any const& array);
 
     /// Writes what is open to its end.
     void finish();
@@ -45,13 +45,15 @@ class JsonWriter {
   private:
     struct Open {
         Object const* owner; // of the array, or the object itself
-        std::vector<Any> const* array = nullptr;
+        Any array;           // `Undefined` for an object
         std::shared_ptr<Object> held;
-        std::vector<std::pair<std::string, Any>> entries; // of an object
+        std::vector<std::pair<std::string, Any>> entries; // of a native object, which may have others than its own
+        bool has_own_entries = false;
         std::size_t next = 0;
     };
 
     bool writeNext(Open& open);
+    void writeEntry(Object const& owner, std::string const& key, Any const& value);
     void close();
 
     std::unordered_set<Object const*>& visited_;

@@ -3,7 +3,6 @@
 #include "slate/Annotation.h"
 #include "slate/Log.h"
 #include "slate/ModelDeclaration.h"
-#include "slate/Uuid.h"
 
 #include <algorithm>
 #include <iterator>
@@ -12,7 +11,7 @@ namespace Slate::Core {
 
 Object::Object() : Object(std::string()) {}
 
-Object::Object(std::string name) : type_list_{"Slate::Core::Object"}, name_(std::move(name)) {}
+Object::Object(std::string name) : name_(std::move(name)) {}
 
 namespace {
 
@@ -29,8 +28,8 @@ Object::~Object() {
     // Object by object, and only as far as nobody else holds one: trees may have any depth.
     std::vector<std::shared_ptr<Object>> ahead;
     auto const take_objects = [&ahead](Object& object) {
-        for (auto const& [key, value] : object.attributes_.entries())
-            appendObjects(value, ahead);
+        for (auto const& [key, attribute] : object.attributes_.entries())
+            appendObjects(attribute.value, ahead);
         object.attributes_.take();
     };
     take_objects(*this);
@@ -42,25 +41,30 @@ Object::~Object() {
     }
 }
 
-void Object::on_init() { uuid_ = makeUuid(); }
+void Object::on_init() { uuid_ = Uuid::makeRandom(); }
 
 void Object::triggerOnInit() {
     if (on_init_done_)
         return;
     on_init_done_ = true;
-    uuid_ = makeUuid();
+    uuid_ = Uuid::makeRandom();
 }
 
 void Object::setDynamic(std::string const& key, Any value) {
-    if (auto* const known = attributes_.find(key))
-        *known = std::move(value);
-    else
-        attributes_.add(key, std::move(value));
+    attributes_.findOrAdd(key).value = std::move(value);
+}
+
+bool Object::assign(std::string const& key, Any value, bool is_default) {
+    auto& attribute = attributes_.findOrAdd(key);
+    bool const held_object = attribute.value.isObject();
+    attribute.value = std::move(value);
+    attribute.is_default = attribute.is_default || is_default;
+    return held_object;
 }
 
 Any Object::getDynamic(std::string const& key) const {
-    auto const* const value = attributes_.find(key);
-    return value == nullptr ? Any() : *value;
+    auto const* const attribute = attributes_.find(key);
+    return attribute == nullptr ? Any() : attribute->value;
 }
 
 Any Object::callDynamic(std::string const& key, std::vector<Any> const& /*args*/) {
@@ -69,10 +73,10 @@ Any Object::callDynamic(std::string const& key, std::vector<Any> const& /*args*/
 }
 
 void Object::extractObjectFieldsTo(std::vector<std::shared_ptr<Object>>& output) const {
-    for (auto const& [key, value] : attributes_.entries()) {
-        if (!value.isObject())
+    for (auto const& [key, attribute] : attributes_.entries()) {
+        if (!attribute.value.isObject())
             continue;
-        if (auto object = value.asObject())
+        if (auto object = attribute.value.asObject())
             output.push_back(std::move(object));
         else
             SLATE_LOG_ERROR("Invalid object in __dynamicFields");
@@ -80,8 +84,34 @@ void Object::extractObjectFieldsTo(std::vector<std::shared_ptr<Object>>& output)
 }
 
 void Object::extractEntriesTo(std::vector<std::pair<std::string, Any>>& output) const {
-    auto const& entries = attributes_.entries();
-    output.insert(output.end(), entries.begin(), entries.end());
+    for (auto const& [key, attribute] : attributes_.entries())
+        output.emplace_back(key, attribute.value);
+}
+
+std::vector<std::string> const& Object::getTypeList() const {
+    static std::vector<std::string> const of_plain_objects{"Slate::Core::Object"};
+    return type_list_ ? *type_list_ : of_plain_objects;
+}
+
+void Object::appendToTypeList(std::string class_name) {
+    if (!type_list_)
+        type_list_ = std::make_unique<std::vector<std::string>>(getTypeList());
+    type_list_->push_back(std::move(class_name));
+}
+
+bool Object::isDefault(std::string_view key) const {
+    auto const* const attribute = attributes_.find(key);
+    return (attribute != nullptr && attribute->is_default) || (default_keys_ && default_keys_->contains(key));
+}
+
+void Object::setIsDefault(std::string const& key) {
+    if (auto* const attribute = attributes_.find(key)) {
+        attribute->is_default = true;
+        return;
+    }
+    if (!default_keys_)
+        default_keys_ = std::make_unique<NameSet>();
+    default_keys_->add(key);
 }
 
 vec<AnnotationPtr> Object::findAnnotations(std::string_view name) const {
@@ -95,8 +125,8 @@ void Object::visitLinks(std::function<void(std::shared_ptr<Object> const&)> cons
     if (owner_)
         visit(owner_);
     std::vector<Any const*> ahead;
-    for (auto const& [key, value] : attributes_.entries())
-        ahead.push_back(&value);
+    for (auto const& [key, attribute] : attributes_.entries())
+        ahead.push_back(&attribute.value);
     while (!ahead.empty()) {
         auto const& value = *ahead.back();
         ahead.pop_back();

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "slate/Any.h"
-#include "slate/Fnv1a.h"
 #include "slate/NamedList.h"
 #include "slate/NodeTypes.h"
+#include "slate/Uuid.h"
 
 #include <functional>
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -46,6 +47,10 @@ class Object {
     /// Appends the keys and values of all attributes, in order: what is printed.
     virtual void extractEntriesTo(std::vector<std::pair<std::string, Any>>& output) const;
 
+    /// Sets an attribute and whether its value comes from its declaration, past what native classes replace.
+    /// Answers whether it held an object before.
+    bool assign(std::string const& key, Any value, bool is_default);
+
     /// The value of an attribute; `Undefined` if there is none.
     virtual Any getDynamic(std::string const& key) const;
 
@@ -60,7 +65,9 @@ class Object {
     void setName(std::string name) { name_ = std::move(name); }
 
     /// Empty until initialised.
-    std::string getUuid() const { return uuid_; }
+    std::string getUuid() const { return uuid_ ? uuid_->toString() : std::string(); }
+
+    bool hasUuid() const { return uuid_.has_value(); }
 
     /// The model that this is an instance of; empty for what natives make until it is adopted.
     ModelDeclPtr getType() const { return type_; }
@@ -68,10 +75,10 @@ class Object {
     void setType(ModelDeclPtr type) { type_ = std::move(type); }
 
     /// The names of the native classes, base first.
-    std::vector<std::string> const& getTypeList() const { return type_list_; }
+    std::vector<std::string> const& getTypeList() const;
 
     /// For constructors of native classes.
-    void appendToTypeList(std::string class_name) { type_list_.push_back(std::move(class_name)); }
+    void appendToTypeList(std::string class_name);
 
     /// The object that holds this one; may be empty.
     std::shared_ptr<Object> getOwner() const { return owner_; }
@@ -86,9 +93,9 @@ class Object {
     vec<AnnotationPtr> findAnnotations(std::string_view name) const;
 
     /// Does the value of the key come from the attribute's declaration?
-    bool isDefault(std::string_view key) const { return default_keys_.contains(key); }
+    bool isDefault(std::string_view key) const;
 
-    void setIsDefault(std::string const& key) { default_keys_.insert(key); }
+    void setIsDefault(std::string const& key);
 
     /// Adds all objects that can be reached through attributes, as `extractObjectFieldsTo` gives them.
     void extractNestedObjectFieldsTo(std::unordered_set<std::shared_ptr<Object>>& output) const;
@@ -132,14 +139,19 @@ class Object {
     static void writeMembersAsJson(JsonWriter& writer, Object const& object);
     static void writeValueAsJson(JsonWriter& writer, Object const& owner, Any const& value);
 
-    std::vector<std::string> type_list_;
+    struct Attribute {
+        Any value;
+        bool is_default = false;
+    };
+
+    std::unique_ptr<std::vector<std::string>> type_list_; // only of native classes
+    std::optional<Uuid> uuid_;
     bool on_init_done_ = false;
-    NamedList<Any> attributes_;
+    NamedList<Attribute> attributes_;
     vec<AnnotationPtr> annotations_;
-    StringSet default_keys_;
+    std::unique_ptr<NameSet> default_keys_; // those that native classes keep elsewhere
     ModelDeclPtr type_;
     std::string name_;
-    std::string uuid_;
     std::shared_ptr<Object> owner_;
 };
 

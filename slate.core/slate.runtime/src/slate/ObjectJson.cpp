@@ -67,7 +67,7 @@ void Object::writeValueAsJson(JsonWriter& writer, Object const& owner, Any const
     case AnyType::Real: writer.writeNumber(value.asReal()); return;
     case AnyType::Bool: writer.write(value.asBool() ? "true" : "false"); return;
     case AnyType::String: writer.writeString(value.asString()); return;
-    case AnyType::Array: writer.open(owner, value.asArray()); return;
+    case AnyType::Array: writer.open(owner, value); return;
     case AnyType::Undefined: writer.write("null"); return;
     case AnyType::Object: break;
     }
@@ -77,7 +77,7 @@ void Object::writeValueAsJson(JsonWriter& writer, Object const& owner, Any const
         return;
     }
     writer.write("{");
-    if (!writer.followsRefs() && !object->getUuid().empty()) {
+    if (!writer.followsRefs() && object->hasUuid()) {
         writer.writeHead(*object);
         writer.write("}");
     } else if (!writer.open(*object, object)) {

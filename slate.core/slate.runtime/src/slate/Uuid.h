@@ -1,10 +1,21 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <string>
 
 namespace Slate::Core {
 
-/// The text of 128 random bits, 36 characters: "3f2504e0-4f89-41d3-9a0c-0305e82c3301".
-std::string makeUuid();
+/// 128 random bits.
+class Uuid {
+  public:
+    static Uuid makeRandom();
+
+    /// 36 characters: "3f2504e0-4f89-41d3-9a0c-0305e82c3301".
+    std::string toString() const;
+
+  private:
+    std::array<std::uint8_t, 16> bits_{};
+};
 
 } // namespace Slate::Core
