@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <set>
+#include <stdexcept>
 
 namespace Slate::Core {
 
@@ -138,6 +139,27 @@ INSTANTIATE_TEST_SUITE_P(All, EvaluatorMemory,
             x is Part[]: [{1 / 0}]
     )",
                                                    2},
+                                         MemoryRow{"Variables", R"(
+        Part:
+            size is Int: 1
+        spare is Part: {3}
+        Machine:
+            a is Part: spare
+            b is Part: spare
+            parts is Part[]: [spare]
+    )",
+                                                   5},
+                                         MemoryRow{"Replaced", R"(
+        Machine:
+            unit is Unit: {{5}}
+            early is Int: Unit.part.size
+        Part:
+            size is Int: 1
+        const Unit:
+            part is Part
+        === model: Machine
+    )",
+                                                   3},
                                          MemoryRow{"MadeByNatives", R"(
         Part:
             size is Int: 1
@@ -166,6 +188,32 @@ INSTANTIATE_TEST_SUITE_P(All, EvaluatorMemory,
     )",
                                                    2}),
                          [](auto const& instance) { return std::string(instance.param.name); });
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param): natives take their arguments by value
+Any throwAlways(std::vector<Any> arguments) {
+    throw std::runtime_error(arguments.at(0).asObject()->getName());
+}
+
+TEST(EvaluatorMemoryOfHosts, WhatANativeHasEndedByAnExceptionIsGivenBack) {
+    liveObjects().clear();
+    auto natives = countingNatives();
+    natives->registerStaticMethod("Tool::fail", throwAlways);
+    EXPECT_THROW(evaluate(R"(
+        Part:
+            size is Int: 1
+        Tool:
+            static fn fail(machine: Machine) -> Int
+        Machine:
+            x is Int: Tool.fail(this)
+            me is Machine[]: [this]
+            part is Part
+    )",
+                          natives),
+                 std::runtime_error);
+    EXPECT_GT(liveObjects().size(), 0U);
+    natives = nullptr;
+    EXPECT_EQ(liveObjects().size(), 0U);
+}
 
 TEST(EvaluatorMemoryOfHosts, OneObjectKeepsItsWholeTree) {
     ObjectPtr held;

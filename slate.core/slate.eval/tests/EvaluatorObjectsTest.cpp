@@ -60,6 +60,15 @@ class WithPart : public Object {
     WithPart() { Object::setDynamic("part", Any(std::make_shared<Object>("built in"))); }
 };
 
+/// Has one object that is no attribute, and shows no others.
+class NamingItsHidden : public Object {
+  public:
+    void extractObjectFieldsTo(std::vector<ObjectPtr>& output) const override { output.push_back(hidden_); }
+
+  private:
+    ObjectPtr hidden_ = std::make_shared<Object>("hidden");
+};
+
 TEST_F(EvaluatorObjects, ExtractEntriesToChoosesWhatIsPrinted) {
     natives->registerFactory("Pair", makeNative<PrintedAsSum>);
     EXPECT_EQ(run(R"(
@@ -201,6 +210,27 @@ TEST_F(EvaluatorObjects, HaveNamesAndOwnersOfTheirPlaces) {
     EXPECT_FALSE(element->getOwner());
 }
 
+TEST_F(EvaluatorObjects, AreOfTheTypeToWhichTheirAttributeWasNarrowed) {
+    auto const done = run(R"(
+        Leaf:
+            size is Int: 1
+        Fruit is Leaf
+        Tree:
+            leaf is Leaf
+            leaf.size: 3
+            made is Leaf: {4}
+        Apple is Tree:
+            leaf becomes Fruit
+            made becomes Fruit
+    )");
+    EXPECT_EQ(done.analyzed.errors(), "");
+    ASSERT_TRUE(done.root);
+    EXPECT_EQ(done.root->getNumber("leaf.size"), 3);
+    EXPECT_EQ(done.root->getNumber("made.size"), 4);
+    for (auto const* const key : {"leaf", "made"})
+        EXPECT_EQ(done.root->getObject(key)->getType(), done.analyzed.findModel("Fruit")) << key;
+}
+
 TEST_F(EvaluatorObjects, KeysOfDeclaredValuesAreDefaults) {
     auto const done = run(R"(
         Shaft:
@@ -225,12 +255,42 @@ TEST_F(EvaluatorObjects, KeysOfDeclaredValuesAreDefaults) {
             text += object.isDefault(key) ? key + " " : "";
         return text;
     };
-    EXPECT_EQ(defaults_of(*done.root, {"a", "b", "c", "late", "other"}),
-              "a c ") // `other` came into being by its parts
-    ;
+    // `other` came into being by its parts.
+    EXPECT_EQ(defaults_of(*done.root, {"a", "b", "c", "late", "other"}), "a c ");
     EXPECT_EQ(defaults_of(*done.root->getObject("shaft"), {"size", "width"}), "width ");
     EXPECT_EQ(defaults_of(*done.root->getObject("other"), {"size", "width"}), "size width ");
     EXPECT_EQ(done.root->getNumber("b"), 5);
+}
+
+TEST_F(EvaluatorObjects, KeysOfWholeValuesAreDefaultsAsWell) {
+    auto const done = run(R"(
+        Shaft:
+            size is Int: 1
+        const Unit:
+            size is Int: 1
+        Drive:
+            shaft is Shaft: {2}
+            unit is Unit
+            plain is Shaft
+        Machine:
+            drive is Drive
+            drive.plain: {3}
+            listed is Int[]: []
+            marker is Marker
+        Marker
+        === model: Machine
+    )");
+    EXPECT_EQ(done.analyzed.errors(), "");
+    ASSERT_TRUE(done.root);
+    auto const drive = done.root->getObject("drive");
+    EXPECT_TRUE(drive->isDefault("shaft"));
+    EXPECT_TRUE(drive->isDefault("unit"));
+    EXPECT_FALSE(drive->isDefault("plain"));
+    EXPECT_FALSE(drive->getObject("shaft")->isDefault("size")) << "set by an initializer";
+    EXPECT_TRUE(done.root->isDefault("listed"));
+    EXPECT_TRUE(done.root->isDefault("marker"));
+    EXPECT_FALSE(done.root->isDefault("drive"));
+    EXPECT_TRUE(drive->getObject("unit")->isDefault("size"));
 }
 
 TEST_F(EvaluatorObjects, InitializerOfAConstTypeWritesToTheSharedInstance) {
@@ -244,6 +304,47 @@ TEST_F(EvaluatorObjects, InitializerOfAConstTypeWritesToTheSharedInstance) {
     ASSERT_TRUE(done.root);
     EXPECT_EQ(done.root->getObject("a"), done.root->getObject("b"));
     EXPECT_EQ(done.root->getObject("a")->getName(), "Unit");
+}
+
+TEST_F(EvaluatorObjects, ConstInstanceThatNothingRefersToIsNotRegisteredButItsPartsAre) {
+    auto const done = run(R"(
+        Part:
+            size is Int: 1
+        const Unit:
+            part is Part
+            count is Int: 3
+        Machine:
+            count is Int: Unit.count
+            part is Part: Unit.part
+        Other:
+            count is Int: Unit.count
+    )");
+    ASSERT_TRUE(done.root);
+    EXPECT_EQ(done.root->getNumber("count"), 3);
+    std::vector<std::string> names;
+    for (auto const& object : natives->getRegisteredObjects()) {
+        names.push_back(object->getName());
+        EXPECT_EQ(object->getUuid().size(), 36U);
+    }
+    EXPECT_THAT(names, UnorderedElementsAre("Other", "Unit.part"));
+}
+
+TEST_F(EvaluatorObjects, NativeClassNamesTheObjectsToRegister) {
+    natives->registerFactory("Holder", makeNative<NamingItsHidden>);
+    auto const done = run(R"(
+        Part:
+            size is Int: 1
+        Holder:
+            part is Part
+        Machine:
+            holder is Holder
+    )");
+    ASSERT_TRUE(done.root);
+    std::vector<std::string> names;
+    for (auto const& object : natives->getRegisteredObjects())
+        names.push_back(object->getName());
+    EXPECT_THAT(names, UnorderedElementsAre("Machine", "Machine.holder", "hidden"));
+    EXPECT_EQ(done.root->getObject("holder.part")->getUuid(), "");
 }
 
 TEST_F(EvaluatorObjects, ChosenConstModelHasItsOwnNameWithoutNamespace) {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace Slate::Core {
 
 namespace {
@@ -64,6 +66,39 @@ TEST(ReplacedObjects, LaterAttributesGoToTheObjectThatAnInitializerOfAConstTypeH
     ASSERT_TRUE(done.root);
     EXPECT_EQ(textOf(done.root->getObject("unit.part")->getDynamic("early")), "5");
     EXPECT_EQ(textOf(done.root->getObject("unit.part")->getDynamic("late")), "7");
+}
+
+/// Puts another shaft beside itself as soon as it is set.
+class Switch : public Object {
+  public:
+    void setDynamic(std::string const& key, Any value) override {
+        getOwner()->setDynamic("shaft", Any(std::make_shared<Object>("new")));
+        Object::setDynamic(key, std::move(value));
+    }
+};
+
+TEST(ReplacedObjects, LaterAttributesGoToTheObjectThatANativeClassHasPutThere) {
+    auto const natives = std::make_shared<EvaluatorContext>();
+    natives->registerFactory("Switch", makeNative<Switch>);
+    auto const done = evaluate(R"(
+        Shaft:
+            early is Int: 1
+            late is Int: 0
+        Switch:
+            flag is Int: 0
+        Machine:
+            shaft is Shaft:
+                early: 1
+                late: switch.flag + 1
+            switch is Switch:
+                flag: shaft.early
+    )",
+                               natives);
+    EXPECT_EQ(done.analyzed.errors(), "");
+    ASSERT_TRUE(done.root);
+    EXPECT_EQ(done.root->getObject("shaft")->getName(), "new");
+    EXPECT_EQ(textOf(done.root->getObject("shaft")->getDynamic("late")), "2");
+    EXPECT_TRUE(done.root->getDynamic("shaft").asObject()->getDynamic("early").isUndefined());
 }
 
 } // namespace

@@ -112,6 +112,28 @@ TEST(VariablesOfNatives, AnExceptionOfANativeLeavesNothingBehind) {
     EXPECT_EQ(nativeCalls().size(), 3U); // the one that failed, and one each for `v` and `x`
 }
 
+TEST(VariablesOfNatives, AfterAnExceptionOfANativeTheNextTreeIsItsOwn) {
+    nativeCalls().clear();
+    auto const analyzed = analyze(R"(
+        Tool:
+            static fn call() -> Int
+        Shaft:
+            size is Int: 1
+            width is Int: 2
+        Machine:
+            x is Int: Tool.call()
+            shaft is Shaft
+    )");
+    auto const natives = std::make_shared<EvaluatorContext>();
+    natives->registerStaticMethod("Tool::call", throwOnce);
+    Evaluator evaluator(natives, analyzed.reporter);
+    EXPECT_THROW(evaluator.evalModel(analyzed.model), std::runtime_error);
+    auto const root = evaluator.evalModel(analyzed.model);
+    ASSERT_TRUE(root && root->getObject("shaft"));
+    EXPECT_EQ(root->getNumber("shaft.size") + root->getNumber("shaft.width"), 3);
+    EXPECT_EQ(root->getObject("shaft")->getOwner(), root);
+}
+
 } // namespace
 
 } // namespace Slate::Core

@@ -82,6 +82,10 @@ Core::ObjectPtr loadModelFromDocument(DocPtr const& document, std::optional<std:
 
 Core::ObjectPtr analyzeAndEvaluate(SlateContext& slate_context, DocPtr const& document,
                                    std::optional<std::string> const& modelname) {
+    if (!document) {
+        SLATE_LOG_ERROR("Corrupt slate context");
+        return {};
+    }
     auto& internal = slate_context.getInternal();
     auto const model = pickModel(*document, modelname);
     if (!model) {
