@@ -94,8 +94,9 @@ bool plainHasNewSymbol(ModelDeclPtr const& model, std::string const& path) {
 }
 
 bool plainIsExtendedSymbol(ModelDeclPtr const& model, std::string const& path) {
-    return std::ranges::any_of(chainOf(model),
-                               [&](auto const& at) { return std::ranges::count(at->getExtendedSymbols(), path) > 0; });
+    return std::ranges::any_of(chainOf(model), [&](auto const& at) {
+        return std::ranges::count(at->getExtendedSymbols(), path) > 0;
+    });
 }
 
 VarAssignPtr plainLookupDeclaration(ModelDeclPtr const& model, std::string const& path) {

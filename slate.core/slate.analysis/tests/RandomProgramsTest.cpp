@@ -226,7 +226,8 @@ TEST(RandomPrograms, NamesOfModelsAreThoseThatAPlainWalkFinds) {
                 auto const segments = segmentsOf(path, dice);
                 auto const declaration = plainLookupDeclaration(model, path);
                 EXPECT_EQ(names.lookupDeclaration(*model, path), declaration);
-                EXPECT_EQ(model->lookupDeclarationFromSegments(segments, 1, segments.size() - 1), declaration);
+                EXPECT_EQ(model->lookupDeclarationFromSegments(segments, 1, segments.size() - 1),
+                          declaration);
                 EXPECT_EQ(names.findFirstMemberWithType(*model, path), plainFindMemberWithType(model, path));
                 auto const method = plainFindMethod(model, path);
                 EXPECT_EQ(names.findMethod(*model, path), method);

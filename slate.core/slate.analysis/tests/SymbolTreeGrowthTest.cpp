@@ -220,9 +220,7 @@ TEST_F(Growth, OfMaxPathsWithoutTheTreeThrows) {
     growBranches();
     tree.reset();
     EXPECT_THROW(node->grow_max_paths(path, {}, visited), std::bad_weak_ptr);
-    EXPECT_THROW(
-        node->grow_max_paths_from_members(path, attributesOf(machine), body),
-        std::bad_weak_ptr);
+    EXPECT_THROW(node->grow_max_paths_from_members(path, attributesOf(machine), body), std::bad_weak_ptr);
 }
 
 TEST_F(Growth, NodeIsReadWithoutItsTree) {

@@ -38,8 +38,8 @@ TEST(NamedList, KeepsTheOrderInWhichNamesWereAdded) {
         list.add(name, 1);
     list.findOrAdd("a") = 2;
     list.findOrAdd("d") = 3;
-    EXPECT_THAT(list.entries(), ElementsAre(testing::Pair("c", 1), testing::Pair("a", 2), testing::Pair("b", 1),
-                                            testing::Pair("d", 3)));
+    EXPECT_THAT(list.entries(), ElementsAre(testing::Pair("c", 1), testing::Pair("a", 2),
+                                            testing::Pair("b", 1), testing::Pair("d", 3)));
 }
 
 TEST(NamedList, IsEmptyOnceItsValuesAreTakenOrCleared) {

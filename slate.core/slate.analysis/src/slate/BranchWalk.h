@@ -10,12 +10,12 @@
 
 namespace Slate {
 
-/// A walk over a root of a symbol tree and all branches below it, depth first, that knows the branches on the way
-/// to the one it is at.
+/// A walk over a root of a symbol tree and all branches below it, depth first, that knows the branches on the
+/// way to the one it is at.
 class BranchWalk {
   public:
-    /// A root and the node that it grew from. A variable is the declaration of its own root, a model is a step in
-    /// front of all that it holds.
+    /// A root and the node that it grew from. A variable is the declaration of its own root, a model is a
+    /// step in front of all that it holds.
     BranchWalk(SymbolTreeNode const& root, NodePtr const& node) : BranchWalk(root, pathOf(node)) {}
 
     /// `path` is that of the root without what declares it.
@@ -45,16 +45,14 @@ class BranchWalk {
     /// The branch on the way that lies `depth` below the root.
     SymbolTreeNode const& branchAt(std::size_t depth) const { return *places_[depth].branch; }
 
-    std::size_t depth() const { return places_.size() - 1; }
-
     /// An attribute without value whose type is an empty model?
     bool isOfEmptyModel(EmptyModels& empty_models) const {
         auto const& declaration = branch().getDeclaration();
         return declaration && !branch().getMaxPath() && empty_models.isEmptyModel(declaration->getType());
     }
 
-    /// The path of the declarations on the way, that of this branch included. Made when it is asked for, as far as
-    /// it was not before.
+    /// The path of the declarations on the way, that of this branch included. Made when it is asked for, as
+    /// far as it was not before.
     TopoPathPtr const& declaredPath() {
         auto from = places_.size();
         while (from > 0 && !places_[from - 1].declared_path)

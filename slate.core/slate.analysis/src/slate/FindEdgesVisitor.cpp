@@ -44,8 +44,8 @@ SymbolTreeNode const* childOf(SymbolTreeNode const& branch, std::string_view nam
 }
 
 /// The branches that names lead to one after the other, as far as there are any; "this" stays where it is.
-std::vector<SymbolTreeNode const*> branchesAlong(SymbolTreeNode const* branch,
-                                                 vec<Token const*> const& names, std::size_t offset) {
+std::vector<SymbolTreeNode const*> branchesAlong(SymbolTreeNode const* branch, vec<Token const*> const& names,
+                                                 std::size_t offset) {
     std::vector<SymbolTreeNode const*> branches;
     for (auto i = offset; branch != nullptr && i < names.size(); ++i) {
         if (names[i]->lexeme != "this")
@@ -100,7 +100,8 @@ void FindEdgesVisitor::readName(Constant const& node) {
     if (global) {
         if (auto const root = tree_->findRoot(*global))
             addEdgesFrom(*root);
-    } else if (auto const* sibling = outer_branch_ == nullptr ? nullptr : childOf(*outer_branch_, token.lexeme)) {
+    } else if (auto const* sibling =
+                   outer_branch_ == nullptr ? nullptr : childOf(*outer_branch_, token.lexeme)) {
         addEdgesFrom(*sibling);
     }
 }

@@ -71,10 +71,14 @@ class Collector {
         auto const& chain = path.getChain();
         if (chain->countSteps() < 3)
             return;
+        // The attributes of an object come one behind the other.
+        if (chain->getPrevious().get() != last_holder_) {
+            last_holder_ = chain->getPrevious().get();
+            last_barrier_ = barriers_.get(
+                chain->getPrevious(), [](Chain const&) { return BarriersPtr(); }, addBarrier);
+        }
         std::vector<ErrorCode> codes;
-        auto barrier = barriers_.get(
-            chain->getPrevious(), [](Chain const&) { return BarriersPtr(); }, addBarrier);
-        for (; barrier; barrier = barrier->before)
+        for (auto barrier = last_barrier_; barrier; barrier = barrier->before)
             codes.push_back(barrier->code);
         for (auto code = codes.rbegin(); code != codes.rend(); ++code) {
             auto const token = path.getLastStep()->getToken();
@@ -98,6 +102,8 @@ class Collector {
     ErrorReporter& reporter_;
     EmptyModels empty_models_;
     PrefixMemo<BarriersPtr> barriers_;
+    Chain const* last_holder_ = nullptr; // and its barriers
+    BarriersPtr last_barrier_;
 };
 
 /// Those that are in no cycle and behind none.

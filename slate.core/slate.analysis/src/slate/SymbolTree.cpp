@@ -55,7 +55,8 @@ struct Typed {
     ChainPtr chain;
 };
 
-/// Sets the outer types of the last steps, up to those that have theirs. All steps lead to branches of the walk.
+/// Sets the outer types of the last steps, up to those that have theirs. All steps lead to branches of the
+/// walk.
 void setOuterTypesOfChain(BranchWalk const& walk, Chain const* link) {
     if (isAnnotation(link->getStep())) {
         link->getStep().setOuterType(link->getStep().getType());

@@ -185,6 +185,10 @@ void SymbolTreeNode::grow_paths_from_members(TopoPathPtr const& path, vec<Annota
                                              vec<VarAssignPtr> const& members) {
     for (auto const& annotation : annotations)
         addAnnotation(annotation, path);
+    if (!children_ && !members.empty()) {
+        children_ = std::make_unique<NamedList<SymbolTreeNodePtr>>();
+        children_->reserve(members.size());
+    }
     for (auto const& member : members) {
         if (!member->isValid())
             continue;
@@ -230,8 +234,7 @@ void SymbolTreeNode::grow_max_paths(Unfolding& unfolding, GrowTask const& task) 
     if (model && unfolding.visited().contains(*model))
         return;
     auto body = unfolding.bodyOf(node);
-    bool const has_branches =
-        grow_max_paths_from_members(task.path, *body.all, lockTree()->numberNextBody());
+    bool const has_branches = grow_max_paths_from_members(task.path, *body.all, lockTree()->numberNextBody());
     unfolding.follow(task, std::move(has_branches ? body.with_more : body.all));
 }
 

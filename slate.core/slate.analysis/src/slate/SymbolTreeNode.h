@@ -5,9 +5,9 @@
 #include "slate/NodeTypes.h"
 #include "slate/TopologicalPath.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
-#include <cstdint>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -108,8 +108,8 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     /// Finds the assignments that give the branches their values. All branches must have grown.
     void grow_max_paths(TopoPathPtr const& path, ModelDeclPtr const& excluded, UnfoldedModels& visited);
 
-    /// `body`: the body that the members belong to, those nested in it included. Answers false if branches are
-    /// missing, which is logged.
+    /// `body`: the body that the members belong to, those nested in it included. Answers false if branches
+    /// are missing, which is logged.
     bool grow_max_paths_from_members(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
                                      BodyNumber body);
     void grow_max_paths_from_types(TopoPathPtr const& path, vec<VarAssignPtr> const& members,
@@ -141,7 +141,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     std::weak_ptr<SymbolTree> tree_;
     VarAssignPtr declaration_;
     TopoPathPtr max_path_;
-    std::unique_ptr<NamedList<SymbolTreeNodePtr>> children_; // most branches are leaves
+    std::unique_ptr<NamedList<SymbolTreeNodePtr>> children_;   // most branches are leaves
     std::unique_ptr<NamedList<TopoPathPtr>> annotation_paths_; // few branches have any
     // The bodies that last assigned here, and that the max path is from; numbers begin with 1.
     BodyNumber assigned_by_ = 0;

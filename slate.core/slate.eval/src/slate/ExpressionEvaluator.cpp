@@ -203,6 +203,7 @@ ObjectPtr ExpressionEvaluator::getOrCreateInstance(ModelDeclPtr const& model, Ob
     ++effects_;
     auto object = evaluator_context_->createObject(*model);
     object->setType(model);
+    object->reserveAttributes(model->getMembers().size());
     if (!model->isConst()) {
         object->setOwner(owner);
         return object;

@@ -66,8 +66,8 @@ class ExpressionEvaluator {
     void visitInitializer(Frame& frame, InitializerPtr const& node);
     void stepVariable(Frame& frame);
 
-    /// Answers whether the value is there already, as that of a constant is; else it comes with the frame that now
-    /// stands on the stack, if nothing failed. No reference to a frame lives on.
+    /// Answers whether the value is there already, as that of a constant is; else it comes with the frame
+    /// that now stands on the stack, if nothing failed. No reference to a frame lives on.
     bool push(ExpressionPtr const& expression, TypePtr const& expected_type);
     void pushVariable(VarAssignPtr const& variable, TypePtr const& expected_type);
     void finish(Any value);

@@ -111,8 +111,8 @@ void ExpressionEvaluator::visitUnary(Frame& frame, Unary const& node) {
         return;
     }
     if (frame.next++ == 0) {
-        push(node.getOperand(),
-             primitive != nullptr ? node.getOperand()->getType() : overload->getParameters().front()->getType());
+        push(node.getOperand(), primitive != nullptr ? node.getOperand()->getType()
+                                                     : overload->getParameters().front()->getType());
         return;
     }
     auto const operand = pop();

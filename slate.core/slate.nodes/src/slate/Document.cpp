@@ -26,9 +26,7 @@ DocPtr Document::create(std::string source_id, vec<NodePtr> members) {
 }
 
 Document::Document(CreateKey, std::string&& source_id, vec<NodePtr>&& members)
-    : Node(NodeType::Document),
-      source_id_(std::move(source_id)),
-      members_(std::move(members), nameOf) {}
+    : Node(NodeType::Document), source_id_(std::move(source_id)), members_(std::move(members), nameOf) {}
 
 void Document::accept(NodeVisitor& visitor) { visitor.visitDocument(shared_from_this()); }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "slate/NamedList.h"
 #include "slate/MemberList.h"
 #include "slate/NameTable.h"
+#include "slate/NamedList.h"
 
 #include <string>
 #include <vector>

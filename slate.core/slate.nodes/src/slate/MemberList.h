@@ -48,8 +48,8 @@ class MemberList {
   private:
     static constexpr auto none = NameIndex::none;
 
-    /// At each position that of the next member of the same name, 0 behind the last one; at the first one also
-    /// that of the last.
+    /// At each position that of the next member of the same name, 0 behind the last one; at the first one
+    /// also that of the last.
     struct Run {
         std::uint32_t next;
         std::uint32_t last;

@@ -12,14 +12,15 @@
 
 namespace Slate {
 
-/// Where names stand in a list that keeps them: a hash table of positions alone, which lies in one piece and is
-/// compared with the list only where hashes agree. Names are never removed one by one. A list is no longer than
-/// 32 bits can count.
+/// Where names stand in a list that keeps them: a hash table of positions alone, which lies in one piece and
+/// is compared with the list only where hashes agree. Names are never removed one by one. A list is no longer
+/// than 32 bits can count.
 class NameIndex {
   public:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-    /// The position of the name, or `none`. `is_name_of(position)` tells whether it is the one at that position.
+    /// The position of the name, or `none`. `is_name_of(position)` tells whether it is the one at that
+    /// position.
     template <typename IsNameOf>
     std::size_t find(std::string_view name, IsNameOf is_name_of) const {
         if (slots_.empty())

@@ -59,6 +59,9 @@ class NamedList {
 
     bool empty() const { return entries_.empty(); }
 
+    /// Makes room for that many, for a list that will hardly grow beyond.
+    void reserve(std::size_t count) { entries_.reserve(count); }
+
     /// Gives all values away.
     std::vector<Entry> take() {
         positions_.clear();

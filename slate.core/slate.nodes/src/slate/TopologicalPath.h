@@ -155,9 +155,7 @@ class TopologicalPath::Chain {
     std::size_t countMembers() const { return member_count_; }
 
     /// Of the member steps up to this one, those that are not the first of all steps.
-    std::size_t countMembersBehindFirst() const {
-        return member_count_ - (first_->step_.isMember() ? 1 : 0);
-    }
+    std::size_t countMembersBehindFirst() const { return member_count_ - (first_->step_.isMember() ? 1 : 0); }
 
   private:
     Chain const* selfUnlessFirst() const { return step_count_ > 1 ? this : nullptr; }

@@ -25,12 +25,12 @@ VarAssignment::VarAssignment(CreateKey, TokenVector&& segments, Token&& operator
                              vec<VarAssignPtr>&& members, ExpressionPtr&& value)
     : Node(NodeType::VarAssignment),
       segments_(std::move(segments)),
-      operator_token_(std::move(operator_token)),
-      type_segments_(std::move(type_segments)),
       body_(annotations.empty() && members.empty()
                 ? nullptr
                 : std::make_unique<Body const>(Body{std::move(annotations), std::move(members)})),
-      value_(std::move(value)) {}
+      value_(std::move(value)),
+      type_segments_(std::move(type_segments)),
+      operator_token_(std::move(operator_token)) {}
 
 VarAssignment::Body const& VarAssignment::emptyBody() {
     static Body const empty;
@@ -77,9 +77,9 @@ VarAssignPtr VarAssignment::copy() const {
     for (auto const& member : getMembers())
         members.push_back(member->copy());
 
-    auto result = create(segments_, operator_token_, type_segments_, std::move(annotations),
-                         std::move(members),
-                         value_ ? value_->cloneWith(Expression::Spans::OfSources) : nullptr);
+    auto result =
+        create(segments_, operator_token_, type_segments_, std::move(annotations), std::move(members),
+               value_ ? value_->cloneWith(Expression::Spans::OfSources) : nullptr);
     result->is_value_supplied_ = is_value_supplied_;
     result->type_ = type_;
     result->owning_document_ = owning_document_;
@@ -132,8 +132,9 @@ TypePtr VarAssignment::getTypeOfSegment(std::size_t index) const {
 
 /// Of other declarations than this one; empty beyond the last.
 VarAssignPtr VarAssignment::targetAt(std::size_t index) const {
-    return target_declarations_ && index < target_declarations_->size() ? (*target_declarations_)[index].lock()
-                                                                        : nullptr;
+    return target_declarations_ && index < target_declarations_->size()
+               ? (*target_declarations_)[index].lock()
+               : nullptr;
 }
 
 void VarAssignment::setType(TypePtr const& type) { type_.set(type); }

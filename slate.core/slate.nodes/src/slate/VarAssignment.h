@@ -122,18 +122,21 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
 
     VarAssignPtr targetAt(std::size_t index) const;
 
+    // What most walks over attributes ask for comes first: these walks wait for memory more than for anything
+    // else.
     TokenVector const segments_;
-    Token const operator_token_;
-    TokenVector const type_segments_;
     bool targets_itself_ = false; // then there are no others
     bool is_value_supplied_ = false;
-    std::unique_ptr<std::vector<std::weak_ptr<VarAssignment>>> target_declarations_; // an `is` stands in its own
-    TypeLink type_;
+    std::weak_ptr<VarAssignment> parent_;
     std::unique_ptr<Body const> const body_; // most attributes have none
     ExpressionPtr value_;
-    std::weak_ptr<Document> owning_document_;
+    TypeLink type_;
     std::weak_ptr<ModelDeclaration> owning_model_;
-    std::weak_ptr<VarAssignment> parent_;
+    std::weak_ptr<Document> owning_document_;
+    TokenVector const type_segments_;
+    std::unique_ptr<std::vector<std::weak_ptr<VarAssignment>>>
+        target_declarations_; // an `is` stands in its own
+    Token const operator_token_;
 };
 
 } // namespace Slate

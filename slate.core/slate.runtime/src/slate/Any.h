@@ -39,7 +39,8 @@ class Any {
 
     explicit Any(std::string&& value) : value_(std::make_shared<std::string const>(std::move(value))) {}
 
-    explicit Any(std::vector<Any>&& value) : value_(std::make_shared<std::vector<Any> const>(std::move(value))) {}
+    explicit Any(std::vector<Any>&& value)
+        : value_(std::make_shared<std::vector<Any> const>(std::move(value))) {}
 
     /// `Undefined` if the pointer is empty.
     explicit Any(std::shared_ptr<Object> value) {
@@ -101,8 +102,8 @@ class Any {
     Value const& read(char const* complaint) const;
 
     // In the order of `AnyType`; no pointer in it is empty but in what was moved from.
-    std::variant<std::int64_t, double, bool, StringPtr, std::shared_ptr<Object>, ArrayPtr, std::monostate> value_ =
-        std::monostate();
+    std::variant<std::int64_t, double, bool, StringPtr, std::shared_ptr<Object>, ArrayPtr, std::monostate>
+        value_ = std::monostate();
 };
 
 using AnyVector = std::vector<Any>;

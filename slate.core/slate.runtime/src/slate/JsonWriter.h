@@ -47,7 +47,8 @@ class JsonWriter {
         Object const* owner; // of the array, or the object itself
         Any array;           // `Undefined` for an object
         std::shared_ptr<Object> held;
-        std::vector<std::pair<std::string, Any>> entries; // of a native object, which may have others than its own
+        std::vector<std::pair<std::string, Any>>
+            entries; // of a native object, which may have others than its own
         bool has_own_entries = false;
         std::size_t next = 0;
     };

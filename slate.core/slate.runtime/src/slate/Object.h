@@ -47,6 +47,9 @@ class Object {
     /// Appends the keys and values of all attributes, in order: what is printed.
     virtual void extractEntriesTo(std::vector<std::pair<std::string, Any>>& output) const;
 
+    /// Makes room for that many attributes.
+    void reserveAttributes(std::size_t count) { attributes_.reserve(count); }
+
     /// Sets an attribute and whether its value comes from its declaration, past what native classes replace.
     /// Answers whether it held an object before.
     bool assign(std::string const& key, Any value, bool is_default);
