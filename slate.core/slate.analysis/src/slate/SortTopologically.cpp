@@ -39,11 +39,12 @@ class Collector {
   public:
     Collector(std::shared_ptr<SymbolTree> const& tree, ErrorReporter& reporter)
         : finder_(tree), reporter_(reporter) {
-        for (auto const& [node, root] : tree->getRoots())
+        for (auto const& [node, root] : tree->getRoots()) {
             BranchWalk(*root, node).run([this](BranchWalk& walk) {
                 take(walk);
                 return true;
             });
+        }
     }
 
     // All in the order in which the tree holds them.

@@ -257,10 +257,11 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
             is_overridden = is_overridden || (reached->max_path_ && reached->max_path_by_ != body);
         }
         if (!member->getValue()) {
-            if (!member->getMembers().empty() && !is_overridden)
-                has_branches = reached->grow_max_paths_from_members(TopologicalPath::extend(path, member),
-                                                                    member->getMembers(), body) &&
-                               has_branches;
+            if (member->getMembers().empty() || is_overridden)
+                continue;
+            auto const nested = TopologicalPath::extend(path, member);
+            if (!reached->grow_max_paths_from_members(nested, member->getMembers(), body))
+                has_branches = false;
         } else if (std::exchange(reached->assigned_by_, body) == body) {
             error_reporter_->reportError(SymbolAlreadyAssigned::create(member->getSegments().back(),
                                                                        path->getLastStep()->getSourceId()));
