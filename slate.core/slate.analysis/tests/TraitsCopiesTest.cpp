@@ -81,12 +81,12 @@ model Mill
     radius: Real [Fitted.radius] = wheel:.Gear.radius:Int
   wheel: .Gear [Mill.wheel]
 )");
-    auto const copyIn = [&](char const* model) {
+    auto const copy_in = [&](char const* model) {
         return entryOf(analyzed, model)->getMembers().back()->asVarAssignment();
     };
     auto const original = analyzed.findModel("Fitted")->getMembers().back()->asVarAssignment();
-    EXPECT_EQ(copyIn("Cart")->getTargetDeclarations(), vec<VarAssignPtr>{copyIn("Cart")});
-    EXPECT_EQ(copyIn("Mill")->getTargetDeclarations(), vec<VarAssignPtr>{copyIn("Mill")});
+    EXPECT_EQ(copy_in("Cart")->getTargetDeclarations(), vec<VarAssignPtr>{copy_in("Cart")});
+    EXPECT_EQ(copy_in("Mill")->getTargetDeclarations(), vec<VarAssignPtr>{copy_in("Mill")});
     EXPECT_EQ(analyzed.findModel("Cart")->lookupDeclaration("radius"), nullptr);
     EXPECT_EQ(analyzed.findModel("Fitted")->lookupDeclaration("radius"), original);
 }
