@@ -85,14 +85,7 @@ void printInOwnProcess(char const* program, Shape const& shape) {
     }
 }
 
-} // namespace
-
-} // namespace Slate::Benchmarks
-
-int main(int argument_count, char** arguments) {
-    using namespace Slate::Benchmarks;
-    std::string_view const wanted = argument_count > 1 ? arguments[1] : "";
-    auto const size = argument_count > 2 ? std::strtoul(arguments[2], nullptr, 10) : 0;
+void run(char const* program, std::string_view wanted, std::size_t size) {
     if (size == 0) {
         fmt::print("{:<8}{:>10}{:>12}{:>12}{:>12}{:>12}{:>12}\n", "shape", "attributes", "us each",
                    "of it JSON", "+ destroy", "peak bytes", "JSON bytes");
@@ -104,7 +97,21 @@ int main(int argument_count, char** arguments) {
         if (size > 0)
             print(shape, size);
         else
-            printInOwnProcess(arguments[0], shape);
+            printInOwnProcess(program, shape);
+    }
+}
+
+} // namespace
+
+} // namespace Slate::Benchmarks
+
+int main(int argument_count, char** arguments) {
+    try {
+        Slate::Benchmarks::run(arguments[0], argument_count > 1 ? arguments[1] : "",
+                               argument_count > 2 ? std::strtoul(arguments[2], nullptr, 10) : 0);
+    } catch (std::exception const& failure) {
+        std::fputs(failure.what(), stderr);
+        return EXIT_FAILURE;
     }
     return EXIT_SUCCESS;
 }
