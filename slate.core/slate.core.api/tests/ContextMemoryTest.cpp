@@ -153,9 +153,9 @@ TEST(ContextMemoryOfAProcess, IsTheSameAfterAThousandContextsAsAfterAHundred) {
     auto const before = residentBytes();
     ASSERT_GT(before, 0U);
     load_many(900);
-    // The kernel counts in steps of 64 KiB or so. An object with its attributes has more than 256 bytes, so
+    // The kernel counts in steps of 64 KiB or so. An object with its attributes has more than 512 bytes, so
     // contexts that left one each would be found.
-    constexpr std::size_t tolerance = std::size_t{900} * 256;
+    constexpr std::size_t tolerance = std::size_t{900} * 512;
     EXPECT_LE(residentBytes(), before + tolerance);
 }
 
