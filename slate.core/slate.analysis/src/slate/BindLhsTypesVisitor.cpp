@@ -2,6 +2,7 @@
 
 #include "slate/AnalysisErrors.h"
 #include "slate/ModelDeclaration.h"
+#include "slate/NamePath.h"
 #include "slate/TraitImpl.h"
 #include "slate/VarAssignment.h"
 
@@ -173,20 +174,13 @@ VarAssignPtr BindLhsTypesVisitor::search(ModelDeclPtr const& model, std::size_t 
                                          std::size_t last_ix) const {
     if (!model || last_ix - first_ix >= names_.countSegmentsOfLongestSymbol())
         return {};
-    return names_.lookupDeclaration(*model, joinFullSegments(first_ix, last_ix));
-}
-
-std::string BindLhsTypesVisitor::joinFullSegments(std::size_t first_ix, std::size_t last_ix) const {
-    auto path = full_segments_[first_ix]->lexeme;
-    for (auto i = first_ix + 1; i <= last_ix; ++i)
-        path += "." + full_segments_[i]->lexeme;
-    return path;
+    return names_.lookupDeclaration(*model, joinNames(full_segments_, first_ix, last_ix + 1));
 }
 
 /// A redeclaration may only narrow the type, and nothing may have been declared inside of what it replaces.
 bool BindLhsTypesVisitor::checkRedeclaration(VarAssignPtr const& node, VarAssignPtr const& redeclared) {
     auto const extended = node->getOwningModel()->getExtends();
-    if (extended && names_.isExtendedSymbol(*extended, joinFullSegments(0, full_segments_.size() - 1))) {
+    if (extended && names_.isExtendedSymbol(*extended, joinNames(full_segments_, full_segments_.size()))) {
         reportMismatch(*node, node->getSourceId());
         return false;
     }

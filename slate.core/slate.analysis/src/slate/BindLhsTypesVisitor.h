@@ -46,7 +46,6 @@ class BindLhsTypesVisitor : public MemberWalk {
     VarAssignPtr findInEnclosingTypes(std::size_t last_ix) const;
     VarAssignPtr findInTypesOnTheWay(Target const& target, std::size_t index) const;
     VarAssignPtr search(ModelDeclPtr const& model, std::size_t first_ix, std::size_t last_ix) const;
-    std::string joinFullSegments(std::size_t first_ix, std::size_t last_ix) const;
     void visitBody(VarAssignPtr const& node);
     void reportNotFound(VarAssignment& node, std::size_t index, std::string const& name);
     void reportMismatch(VarAssignment& node, std::string const& source_id);

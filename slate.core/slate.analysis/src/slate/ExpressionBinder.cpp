@@ -169,10 +169,7 @@ VarAssignPtr ExpressionBinder::findByPath(Chain const& chain, MemberAccess const
     auto const first_ix = chain.names.front()->lexeme == "this" ? 1U : 0U;
     auto const model = outerModel();
     if (model && name_count - first_ix <= names_.countSegmentsOfLongestSymbol()) {
-        std::string path;
-        for (auto i = std::size_t{first_ix}; i < name_count; ++i)
-            path += (i > first_ix ? "." : "") + chain.names[i]->lexeme;
-        if (auto member = names_.lookupDeclaration(*model, path))
+        if (auto member = names_.lookupDeclaration(*model, joinNames(chain.names, first_ix, name_count)))
             return member;
     }
 

@@ -60,10 +60,6 @@ std::vector<SymbolTreeNode const*> branchesAlong(SymbolTreeNode const* branch, v
 
 FindEdgesVisitor::FindEdgesVisitor(std::shared_ptr<SymbolTree> tree) : tree_(std::move(tree)) {}
 
-void FindEdgesVisitor::findEdges(TopoPathPtr const& path) {
-    findEdges(path, tree_->walk(*path->getOuterPath()).get());
-}
-
 void FindEdgesVisitor::findEdges(TopoPathPtr const& path, SymbolTreeNode const* outer_branch) {
     auto const value = path->getLastStepExpression();
     if (!value)

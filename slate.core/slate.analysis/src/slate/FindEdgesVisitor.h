@@ -14,11 +14,8 @@ class FindEdgesVisitor : public NodeVisitor {
   public:
     explicit FindEdgesVisitor(std::shared_ptr<SymbolTree> tree);
 
-    /// Of the value of the path's last step, if it has one.
-    void findEdges(TopoPathPtr const& path);
-
-    /// The same, with the branch of the object that holds the path's attribute; null for a top-level
-    /// variable.
+    /// Of the value of the path's last step, if it has one. `outer_branch`: that of the object that holds the
+    /// path's attribute; null for a top-level variable.
     void findEdges(TopoPathPtr const& path, SymbolTreeNode const* outer_branch);
 
     void visitConstant(ConstantPtr const& node) override;

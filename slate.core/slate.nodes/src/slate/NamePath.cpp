@@ -24,10 +24,10 @@ std::optional<vec<Token const*>> namePathOf(MemberAccess const& access) {
     return std::nullopt;
 }
 
-std::string joinNames(vec<Token const*> const& names, std::size_t count) {
+std::string joinNames(vec<Token const*> const& names, std::size_t first, std::size_t end) {
     std::string text;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (i > 0)
+    for (auto i = first; i < end; ++i) {
+        if (i > first)
             text += '.';
         text += names[i]->lexeme;
     }

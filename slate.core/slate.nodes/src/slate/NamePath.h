@@ -13,7 +13,12 @@ namespace Slate {
 /// else, say a call.
 std::optional<vec<Token const*>> namePathOf(MemberAccess const& access);
 
+/// The names from the one at `first` on, without those from `end` on, joined by ".".
+std::string joinNames(vec<Token const*> const& names, std::size_t first, std::size_t end);
+
 /// The first `count` names joined by ".".
-std::string joinNames(vec<Token const*> const& names, std::size_t count);
+inline std::string joinNames(vec<Token const*> const& names, std::size_t count) {
+    return joinNames(names, 0, count);
+}
 
 } // namespace Slate
