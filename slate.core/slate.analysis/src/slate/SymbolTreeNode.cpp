@@ -8,6 +8,7 @@
 #include "slate/TraitImpl.h"
 #include "slate/Unfolding.h"
 
+#include <new>
 #include <utility>
 
 namespace Slate {
@@ -43,12 +44,15 @@ SymbolTreeNode::~SymbolTreeNode() {
         for (auto& [name, child] : node.children_->take())
             ahead.push_back(std::move(child));
     };
-    take_children(*this);
-    while (!ahead.empty()) {
-        auto const node = std::move(ahead.back());
-        ahead.pop_back();
-        if (node.use_count() == 1)
-            take_children(*node);
+    try {
+        take_children(*this);
+        while (!ahead.empty()) {
+            auto const node = std::move(ahead.back());
+            ahead.pop_back();
+            if (node.use_count() == 1)
+                take_children(*node);
+        }
+    } catch (std::bad_alloc const&) { // without memory for the list the rest goes by recursion
     }
 }
 

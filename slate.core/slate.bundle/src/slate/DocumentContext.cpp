@@ -2,11 +2,16 @@
 
 #include "slate/Document.h"
 
+#include <new>
+
 namespace Slate {
 
 void DocumentContext::replaceDocument(DocPtr replacement) {
-    if (document && document.use_count() == 1)
-        document->unbind();
+    try {
+        if (document && document.use_count() == 1)
+            document->unbind();
+    } catch (std::bad_alloc const&) { // then it goes without being unbound: the destructor comes here too
+    }
     document = std::move(replacement);
 }
 

@@ -4,6 +4,8 @@
 #include "slate/ModelDeclaration.h"
 #include "slate/TakeApart.h"
 
+#include <new>
+
 namespace Slate::Core {
 
 namespace {
@@ -60,7 +62,10 @@ ObjectPtr EvaluatorContext::createObject(ModelDeclaration const& model) {
 
 EvaluatorContext::~EvaluatorContext() {
     objects_.clear();
-    takeApart(made_objects_);
+    try {
+        takeApart(made_objects_);
+    } catch (std::bad_alloc const&) { // without memory to tell them apart all stay that hold one another
+    }
 }
 
 Any EvaluatorContext::callStaticMethod(std::string const& key, std::vector<Any> args) const {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 namespace Slate::Core {
 
@@ -32,12 +33,15 @@ Object::~Object() {
             appendObjects(attribute.value, ahead);
         object.attributes_.take();
     };
-    take_objects(*this);
-    while (!ahead.empty()) {
-        auto const object = std::move(ahead.back());
-        ahead.pop_back();
-        if (object.use_count() == 1)
-            take_objects(*object);
+    try {
+        take_objects(*this);
+        while (!ahead.empty()) {
+            auto const object = std::move(ahead.back());
+            ahead.pop_back();
+            if (object.use_count() == 1)
+                take_objects(*object);
+        }
+    } catch (std::bad_alloc const&) { // without memory for the list the rest goes by recursion
     }
 }
 
