@@ -9,9 +9,8 @@ BinaryOpPtr BinaryOp::create(ExpressionPtr lhs, ExpressionPtr rhs, Token operato
 }
 
 BinaryOp::BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& operator_token)
-    : Expression(NodeType::BinaryOp),
+    : ChainLink(NodeType::BinaryOp, std::move(lhs)),
       operator_token_(std::move(operator_token)),
-      lhs_(std::move(lhs)),
       rhs_(std::move(rhs)) {}
 
 void BinaryOp::accept(NodeVisitor& visitor) { visitor.visitBinaryOp(shared_from_this()); }

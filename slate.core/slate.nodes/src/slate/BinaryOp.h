@@ -1,30 +1,29 @@
 #pragma once
 
-#include "slate/Expression.h"
+#include "slate/ChainLink.h"
 
 namespace Slate {
 
 /// Two operands with `+`, `-`, `*` or `/` between them.
-class BinaryOp : public Expression, public std::enable_shared_from_this<BinaryOp> {
+class BinaryOp : public ChainLink, public std::enable_shared_from_this<BinaryOp> {
   public:
     /// The span is left to the caller.
     static BinaryOpPtr create(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token);
 
     BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& operator_token);
 
-    ~BinaryOp() override { releaseChain(std::move(lhs_)); }
-
     BinaryOpPtr asBinaryOp() override { return shared_from_this(); }
 
     void accept(NodeVisitor& visitor) override;
 
-    ExpressionPtr const& getChainOperand() const override { return lhs_; }
-
     Token const& getOperatorToken() const { return operator_token_; }
 
-    ExpressionPtr const& getLhs() const { return lhs_; }
+    ExpressionPtr const& getLhs() const { return getChainOperand(); }
 
     ExpressionPtr const& getRhs() const { return rhs_; }
+
+    /// Ends the span where that of the right operand ends now; shares the token, copies nothing.
+    void setLastTokenFromRhs() { referToLastToken(rhs_->getLastToken()); }
 
     /// The overload that the operator stands for; empty for an operation on primitives and until bound.
     OpOverloadPtr getOverload() const { return overload_.lock(); }
@@ -35,11 +34,8 @@ class BinaryOp : public Expression, public std::enable_shared_from_this<BinaryOp
     void unbindLink() override;
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
-    ExpressionPtr takeChainOperand() override { return std::move(lhs_); }
-
   private:
     Token const operator_token_;
-    ExpressionPtr lhs_;
     ExpressionPtr const rhs_;
     std::weak_ptr<OperatorOverload> overload_;
 };
