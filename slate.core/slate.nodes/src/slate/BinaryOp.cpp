@@ -15,13 +15,17 @@ BinaryOp::BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& 
 
 void BinaryOp::accept(NodeVisitor& visitor) { visitor.visitBinaryOp(shared_from_this()); }
 
+void BinaryOp::setOverload(OpOverloadPtr const& overload) {
+    overload_ = overload ? std::make_unique<std::weak_ptr<OperatorOverload>>(overload) : nullptr;
+}
+
 void BinaryOp::unbindLink() {
     overload_.reset();
     rhs_->unbind();
 }
 
 ExpressionPtr BinaryOp::cloneLink(ExpressionPtr chain_operand, Spans spans) const {
-    return create(std::move(chain_operand), rhs_->cloneWith(spans), operator_token_);
+    return create(std::move(chain_operand), rhs_->cloneWith(spans), getOperatorToken());
 }
 
 } // namespace Slate

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "slate/ChainLink.h"
+#include "slate/OperatorToken.h"
+
+#include <memory>
 
 namespace Slate {
 
@@ -16,7 +19,10 @@ class BinaryOp : public ChainLink, public std::enable_shared_from_this<BinaryOp>
 
     void accept(NodeVisitor& visitor) override;
 
-    Token const& getOperatorToken() const { return operator_token_; }
+    Token getOperatorToken() const { return operator_token_.get(); }
+
+    /// That of the operator token, without its text.
+    TokenType getOperatorType() const { return operator_token_.type(); }
 
     ExpressionPtr const& getLhs() const { return getChainOperand(); }
 
@@ -26,18 +32,18 @@ class BinaryOp : public ChainLink, public std::enable_shared_from_this<BinaryOp>
     void setLastTokenFromRhs() { referToLastToken(rhs_->getLastToken()); }
 
     /// The overload that the operator stands for; empty for an operation on primitives and until bound.
-    OpOverloadPtr getOverload() const { return overload_.lock(); }
+    OpOverloadPtr getOverload() const { return overload_ ? overload_->lock() : nullptr; }
 
-    void setOverload(OpOverloadPtr const& overload) { overload_ = overload; }
+    void setOverload(OpOverloadPtr const& overload);
 
   protected:
     void unbindLink() override;
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
   private:
-    Token const operator_token_;
+    OperatorToken const operator_token_;
     ExpressionPtr const rhs_;
-    std::weak_ptr<OperatorOverload> overload_;
+    std::unique_ptr<std::weak_ptr<OperatorOverload>> overload_; // most operations are on primitives
 };
 
 } // namespace Slate

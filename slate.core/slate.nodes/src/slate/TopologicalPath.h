@@ -96,7 +96,7 @@ class TopologicalPath {
 
     std::size_t getInDegree() const { return in_degree_; }
 
-    void addToInDegree(std::ptrdiff_t delta) { in_degree_ += static_cast<std::size_t>(delta); }
+    void addToInDegree(std::ptrdiff_t delta) { in_degree_ += static_cast<std::uint32_t>(delta); }
 
     /// False for a path in a cycle that was reported.
     bool isValid() const { return valid_; }
@@ -123,7 +123,7 @@ class TopologicalPath {
     ChainPtr chain_;
     std::vector<std::weak_ptr<TopologicalPath>> edges_;
     std::unique_ptr<std::unordered_set<TopologicalPath const*>> known_edges_; // the same, once they are many
-    std::size_t in_degree_ = 0;
+    std::uint32_t in_degree_ = 0; // paths are no more than 32 bits can count
     bool valid_ = true;
 };
 
