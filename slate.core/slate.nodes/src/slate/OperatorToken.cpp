@@ -26,7 +26,9 @@ OperatorToken::OperatorToken(Token&& token)
     : line_(static_cast<std::uint32_t>(token.line)),
       column_(static_cast<std::uint16_t>(token.column)),
       type_(static_cast<std::uint8_t>(token.type)) {
-    if (get() != token)
+    bool const says_all = type() == token.type && line_ == token.line && column_ == token.column &&
+                          textOf(token.type) == token.lexeme;
+    if (!says_all)
         as_given_ = std::make_unique<Token const>(std::move(token));
 }
 
