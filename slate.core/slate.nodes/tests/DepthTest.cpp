@@ -48,7 +48,7 @@ ExpressionPtr makeChain(ChainKind const& kind, ExpressionPtr const& innermost, s
     auto chain = innermost;
     for (std::size_t i = 0; i < length; ++i) {
         auto link = kind.links_in_turn[i % kind.links_in_turn.size()](chain, operand);
-        link->setFirstTokenFrom(*chain);
+        static_cast<ChainLink&>(*link).setFirstTokenFromOperand();
         chain = std::move(link);
     }
     return chain;

@@ -138,6 +138,22 @@ TEST(Expression, ParenthesesAreTheSpanAndNoNode) {
     EXPECT_EQ(sum->getLastToken(), Token(TokenType::RightParen, ")", 1, 18));
 }
 
+TEST(Expression, KeepsTheEndsThatItTookFromOperandsWhateverTheseGetLater) {
+    auto const sum = parseExpression("(a) + (b)");
+    ASSERT_TRUE(sum);
+    auto const first = sum->getFirstToken();
+    auto const last = sum->getLastToken();
+    auto const binary = sum->asBinaryOp();
+    binary->getLhs()->setFirstToken(at(40, "elsewhere"));
+    binary->getRhs()->setLastToken(at(41, "elsewhere"));
+    EXPECT_EQ(binary->getLhs()->getFirstToken(), at(40, "elsewhere"));
+    EXPECT_EQ(binary->getRhs()->getLastToken(), at(41, "elsewhere"));
+    EXPECT_EQ(first.type, TokenType::LeftParen);
+    EXPECT_EQ(last.type, TokenType::RightParen);
+    EXPECT_EQ(sum->getFirstToken(), first);
+    EXPECT_EQ(sum->getLastToken(), last);
+}
+
 TEST(Expression, CloneOfAnArrayKeepsTheParenthesesAndThatOfABinaryOpDoesNot) {
     for (auto const* source : {"([1, 2])", "({1, 2})"}) {
         auto const clone = parseExpression(source)->clone();

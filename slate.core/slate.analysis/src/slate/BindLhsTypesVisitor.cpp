@@ -15,8 +15,15 @@ namespace {
 
 ModelDeclPtr modelOf(TypePtr const& type) { return type ? type->asModelDeclaration() : nullptr; }
 
-bool redeclaresSymbol(VarAssignment const& node) {
-    return node.getOperatorToken().type == TokenType::Becomes;
+bool redeclaresSymbol(VarAssignment const& node) { return node.getOperatorType() == TokenType::Becomes; }
+
+bool declaresItself(VarAssignment const& node) {
+    return node.getSegments().size() == 1 && node.getOperatorType() == TokenType::Is;
+}
+
+/// The most frequent kind of attribute, for which nothing is to be looked up.
+bool isPlainDeclaration(VarAssignment const& node) {
+    return declaresItself(node) && node.getMembers().empty();
 }
 
 } // namespace
@@ -45,6 +52,11 @@ void BindLhsTypesVisitor::visitTraitImpl(TraitImplPtr const& node) { visitMember
 void BindLhsTypesVisitor::visitVarAssignment(VarAssignPtr const& node) {
     if (!node->isValid())
         return;
+    if (isPlainDeclaration(*node)) {
+        if (node->getOwningModel())
+            node->setTargetsItself();
+        return;
+    }
     // An attribute that knows none around it begins anew.
     vec<Token const*> segments_before;
     auto const offset = node->getParent() ? full_segments_.size() : 0;
@@ -87,8 +99,7 @@ void BindLhsTypesVisitor::visitBody(VarAssignPtr const& node) {
 
 /// Answers whether the body of the assignment is to be visited.
 bool BindLhsTypesVisitor::bindTarget(VarAssignPtr const& node, std::size_t offset) {
-    // The most frequent case of what follows.
-    if (node->getSegments().size() == 1 && node->getOperatorToken().type == TokenType::Is) {
+    if (declaresItself(*node)) {
         node->setTargetsItself();
         return true;
     }
@@ -103,7 +114,7 @@ bool BindLhsTypesVisitor::resolve(Target& target) {
     auto& node = *target.node;
     auto model = current_model_;
     for (std::size_t i = 0; i <= target.lastIndex(); ++i) {
-        if (i == target.lastIndex() && node.getOperatorToken().type == TokenType::Is) {
+        if (i == target.lastIndex() && node.getOperatorType() == TokenType::Is) {
             target.declarations.push_back(target.node);
             break;
         }

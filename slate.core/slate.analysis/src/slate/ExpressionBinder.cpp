@@ -46,10 +46,14 @@ void ExpressionBinder::bind(ExpressionPtr const& expression) {
         return;
     }
     Chain chain;
+    auto const opened_around = opened_.size();
     for (auto link = expression; link && link->isValid();)
         link = open(chain, link);
-    for (auto link = chain.opened.rbegin(); link != chain.opened.rend(); ++link)
-        close(chain, *link);
+    while (opened_.size() > opened_around) {
+        auto const link = std::move(opened_.back());
+        opened_.pop_back();
+        close(chain, link);
+    }
 }
 
 ExpressionPtr ExpressionBinder::open(Chain& chain, ExpressionPtr const& link) {
@@ -57,7 +61,7 @@ ExpressionPtr ExpressionBinder::open(Chain& chain, ExpressionPtr const& link) {
     case NodeType::MemberAccess: return openMemberAccess(chain, link->asMemberAccess());
     case NodeType::Call: return openCall(chain, link->asCall());
     case NodeType::BinaryOp:
-    case NodeType::Indexing: chain.opened.push_back({link, 0}); return link->getChainOperand();
+    case NodeType::Indexing: opened_.push_back({link, 0}); return link->getChainOperand();
     case NodeType::Constant: bindConstant(*link->asConstant()); break;
     case NodeType::Unary: bindUnary(*link->asUnary()); break;
     case NodeType::Array: bindArray(link->asArray()); break;
@@ -121,7 +125,7 @@ ExpressionPtr ExpressionBinder::openMemberAccess(Chain& chain, MemberAccessPtr c
         node->setType(type);
         return {};
     }
-    chain.opened.push_back({node, count});
+    opened_.push_back({node, count});
     chain.name_count = count > 0 ? count - 1 : 0;
     return node->getLhs();
 }

@@ -43,7 +43,6 @@ class ExpressionBinder {
     };
 
     struct Chain {
-        vec<Link> opened; // outermost first
         // The path of names that the chain begins with, if it has one, and how many of them what is opened
         // next has. Only the innermost links can be such a path.
         vec<Token const*> names;
@@ -92,6 +91,7 @@ class ExpressionBinder {
     PrimitiveTypePtr string_ = PrimitiveType::create(PrimitiveType::Kind::String);
     PrimitiveTypePtr bool_ = PrimitiveType::create(PrimitiveType::Kind::Bool);
     PrimitiveTypePtr int_ = PrimitiveType::create(PrimitiveType::Kind::Int);
+    vec<Link> opened_; // of the chain at hand, outermost first, and before these of those around it
     DocPtr document_;
     TypePtr outer_type_;
     std::size_t unmarked_errors_ = 0;

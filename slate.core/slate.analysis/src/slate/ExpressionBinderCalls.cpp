@@ -34,7 +34,7 @@ ExpressionPtr ExpressionBinder::openCall(Chain& chain, CallPtr const& node) {
         auto const count = countNames(chain, *access);
         bindStaticMethod(chain, *node, count);
         if (node->isValid() && !node->getType()) {
-            chain.opened.push_back({node, 0});
+            opened_.push_back({node, 0});
             chain.name_count = count > 0 ? count - 1 : 0;
             return access->getLhs();
         }

@@ -60,7 +60,7 @@ void ExpressionBinder::closeBinaryOp(BinaryOp& node) {
         return;
     if (lhs->isPrimitiveType() && rhs->isPrimitiveType()) {
         bindPrimitives(node, lhs, rhs);
-    } else if (auto const overload = operators_.findBinary(node.getOperatorToken().type, lhs, rhs)) {
+    } else if (auto const overload = operators_.findBinary(node.getOperatorType(), lhs, rhs)) {
         node.setType(overload->getReturnType());
         node.setOverload(overload);
     } else {
@@ -72,7 +72,7 @@ void ExpressionBinder::closeBinaryOp(BinaryOp& node) {
 void ExpressionBinder::bindPrimitives(BinaryOp& node, TypePtr const& lhs, TypePtr const& rhs) {
     auto const& lhs_primitive = static_cast<PrimitiveType const&>(*lhs);
     auto const& rhs_primitive = static_cast<PrimitiveType const&>(*rhs);
-    if (node.getOperatorToken().type == TokenType::Slash)
+    if (node.getOperatorType() == TokenType::Slash)
         node.setType(context_->primitive_type_real);
     else if (lhs_primitive.getKind() == rhs_primitive.getKind())
         node.setType(lhs);

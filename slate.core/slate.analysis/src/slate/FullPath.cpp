@@ -8,7 +8,7 @@ namespace Slate::Analysis {
 
 FullPath::At::At(FullPath& path, VarAssignment const& attribute)
     : path_(path), length_before_(path.text_.size()), goes_on_(attribute.getParent() != nullptr) {
-    if (!goes_on_)
+    if (!goes_on_ && !path_.text_.empty())
         text_before_ = std::exchange(path_.text_, {});
     bool is_first = !goes_on_;
     for (auto const& segment : attribute.getSegments()) {
@@ -19,7 +19,7 @@ FullPath::At::At(FullPath& path, VarAssignment const& attribute)
 }
 
 FullPath::At::~At() {
-    if (goes_on_)
+    if (goes_on_ || length_before_ == 0)
         path_.text_.resize(length_before_);
     else
         path_.text_ = std::move(text_before_);

@@ -58,7 +58,7 @@ void InvalidateGlobalDuplicateSymbolsVisitor::visitVarAssignment(VarAssignPtr co
     FullPath::At const here(full_path_, *node);
     auto const model = node->getOwningModel();
     auto const extended = model ? model->getExtends() : nullptr;
-    if (extended && node->getOperatorToken().type == TokenType::Is &&
+    if (extended && node->getOperatorType() == TokenType::Is &&
         names_.hasNewSymbol(*extended, full_path_.text()))
         reject(*node, full_path_.text(), node->getSegments().back(), node->getSourceId());
     acceptAll(node->getAnnotations());

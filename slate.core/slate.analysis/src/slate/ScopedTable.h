@@ -20,17 +20,22 @@ class ScopedTable {
     /// Adds or replaces an entry of the place that was entered last.
     template <typename Name>
     void set(Name const& key, Value value, std::size_t place) {
-        auto& changes = changesOf(key);
-        undo_.emplace_back(&changes, changes.empty() ? Value() : changes.back().value);
-        put(changes, {place, std::move(value), true});
+        auto const known = changes_.find(key);
+        if (known == changes_.end()) {
+            auto const added = changes_.emplace(Key(key), Changes{{place, std::move(value), true}, {}}).first;
+            undo_.emplace_back(&added->second, Value());
+            return;
+        }
+        undo_.emplace_back(&known->second, known->second.last().value);
+        put(known->second, {place, std::move(value), true});
     }
 
     /// Has this very place an entry of its own?
     template <typename Name>
     bool isSetAt(Name const& key, std::size_t place) const {
         auto const changes = changes_.find(key);
-        return changes != changes_.end() && changes->second.back().place == place &&
-               changes->second.back().is_own;
+        return changes != changes_.end() && changes->second.last().place == place &&
+               changes->second.last().is_own;
     }
 
     /// To be asked when a place is entered, for `leave`.
@@ -45,10 +50,11 @@ class ScopedTable {
     template <typename Name>
     Value find(Name const& key, std::size_t place) const {
         auto const changes = changes_.find(key);
-        if (changes == changes_.end())
+        if (changes == changes_.end() || place < changes->second.first.place)
             return Value();
-        auto const later = std::ranges::upper_bound(changes->second, place, {}, &Change::place);
-        return later == changes->second.begin() ? Value() : std::prev(later)->value;
+        auto const& further = changes->second.further;
+        auto const later = std::ranges::upper_bound(further, place, {}, &Change::place);
+        return later == further.begin() ? changes->second.first.value : std::prev(later)->value;
     }
 
   private:
@@ -59,21 +65,25 @@ class ScopedTable {
         bool is_own; // not one that holds again because another place was left
     };
 
-    template <typename Name>
-    std::vector<Change>& changesOf(Name const& key) {
-        auto const known = changes_.find(key);
-        return known != changes_.end() ? known->second : changes_[Key(key)];
-    }
+    /// By place, in ascending order. Most keys have a single change.
+    struct Changes {
+        Change first;
+        std::vector<Change> further;
 
-    static void put(std::vector<Change>& changes, Change change) {
-        if (!changes.empty() && changes.back().place == change.place)
-            changes.back() = std::move(change);
+        Change& last() { return further.empty() ? first : further.back(); }
+
+        Change const& last() const { return further.empty() ? first : further.back(); }
+    };
+
+    static void put(Changes& changes, Change change) {
+        if (changes.last().place == change.place)
+            changes.last() = std::move(change);
         else
-            changes.push_back(std::move(change));
+            changes.further.push_back(std::move(change));
     }
 
-    std::unordered_map<Key, std::vector<Change>, Hash, std::equal_to<>> changes_;
-    std::vector<std::pair<std::vector<Change>*, Value>> undo_;
+    std::unordered_map<Key, Changes, Hash, std::equal_to<>> changes_;
+    std::vector<std::pair<Changes*, Value>> undo_;
 };
 
 } // namespace Slate::Analysis

@@ -276,7 +276,7 @@ void SymbolTree::setOuterTypes(std::vector<TopoPathPtr> const& paths) const {
         if (first.getStep().isMember())
             return Typed();
         return Typed{node ? findRoot(*node) : nullptr,
-                     std::make_shared<Chain const>(nullptr, first.getStep())};
+                     std::make_shared<Chain const>(nullptr, PathStep(first.getStep()))};
     };
     PrefixMemo<Typed> memo;
     for (auto const& path : paths) {

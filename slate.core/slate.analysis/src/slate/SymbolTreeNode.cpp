@@ -29,12 +29,10 @@ void UnfoldedModels::clear() { *this = {}; }
 
 SymbolTreeNodePtr SymbolTreeNode::create(std::shared_ptr<ErrorReporter> error_reporter,
                                          std::weak_ptr<SymbolTree> tree) {
-    return std::make_shared<SymbolTreeNode>(CreateKey(), std::move(error_reporter), std::move(tree));
+    Surroundings surroundings{std::move(error_reporter), std::move(tree)};
+    return std::make_shared<SymbolTreeNode>(CreateKey(),
+                                            std::make_shared<Surroundings const>(std::move(surroundings)));
 }
-
-SymbolTreeNode::SymbolTreeNode(CreateKey, std::shared_ptr<ErrorReporter>&& error_reporter,
-                               std::weak_ptr<SymbolTree>&& tree)
-    : error_reporter_(std::move(error_reporter)), tree_(std::move(tree)) {}
 
 SymbolTreeNode::~SymbolTreeNode() {
     std::vector<SymbolTreeNodePtr> ahead;
@@ -72,7 +70,7 @@ SymbolTreeNode& SymbolTreeNode::findOrAddChild(std::string const& name) {
     lockTree();
     if (!children_)
         children_ = std::make_unique<NamedList<SymbolTreeNodePtr>>();
-    return *children_->add(name, create(error_reporter_, tree_));
+    return *children_->add(name, std::make_shared<SymbolTreeNode>(CreateKey(), surroundings_));
 }
 
 /// The branch at the end of the target of an assignment; what is missing on the way there grows.
@@ -223,7 +221,7 @@ void SymbolTreeNode::reportCycle(ModelDeclaration const& model, UnfoldedModels c
     }
     auto const common = TopologicalPath::commonPrefix(visited.paths());
     auto const token = common->getLastStep()->getToken();
-    error_reporter_->reportError(
+    surroundings_->error_reporter->reportError(
         CircularDependency::create(token.line, token.column, model.getSourceIdOrDefault(),
                                    TopologicalPath::joinFullStrings(visited.paths())));
 }
@@ -267,8 +265,8 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
             if (!reached->grow_max_paths_from_members(nested, member->getMembers(), body))
                 has_branches = false;
         } else if (std::exchange(reached->assigned_by_, body) == body) {
-            error_reporter_->reportError(SymbolAlreadyAssigned::create(member->getSegments().back(),
-                                                                       path->getLastStep()->getSourceId()));
+            surroundings_->error_reporter->reportError(SymbolAlreadyAssigned::create(
+                member->getSegments().back(), path->getLastStep()->getSourceId()));
         } else if (!is_overridden && reached->assign(TopologicalPath::extend(path, member))) {
             reached->max_path_by_ = body;
         }

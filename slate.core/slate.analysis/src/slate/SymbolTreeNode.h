@@ -11,6 +11,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace Slate {
@@ -60,8 +61,14 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     static SymbolTreeNodePtr create(std::shared_ptr<ErrorReporter> error_reporter,
                                     std::weak_ptr<SymbolTree> tree);
 
-    SymbolTreeNode(CreateKey, std::shared_ptr<ErrorReporter>&& error_reporter,
-                   std::weak_ptr<SymbolTree>&& tree);
+    /// What all nodes of a tree share.
+    struct Surroundings {
+        std::shared_ptr<ErrorReporter> error_reporter;
+        std::weak_ptr<SymbolTree> tree;
+    };
+
+    SymbolTreeNode(CreateKey, std::shared_ptr<Surroundings const> surroundings)
+        : surroundings_(std::move(surroundings)) {}
 
     /// Branch by branch: trees are as deep as models hold one another.
     ~SymbolTreeNode();
@@ -135,10 +142,9 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     void addAnnotation(AnnotationPtr const& annotation, TopoPathPtr const& path);
     bool assign(TopoPathPtr const& path);
 
-    std::shared_ptr<SymbolTree> lockTree() const { return std::shared_ptr<SymbolTree>(tree_); }
+    std::shared_ptr<SymbolTree> lockTree() const { return std::shared_ptr<SymbolTree>(surroundings_->tree); }
 
-    std::shared_ptr<ErrorReporter> error_reporter_;
-    std::weak_ptr<SymbolTree> tree_;
+    std::shared_ptr<Surroundings const> surroundings_;
     VarAssignPtr declaration_;
     TopoPathPtr max_path_;
     std::unique_ptr<NamedList<SymbolTreeNodePtr>> children_;   // most branches are leaves

@@ -118,7 +118,7 @@ SymbolTreeNode::Body SymbolTreeNode::Unfolding::bodyOf(NodePtr const& node) {
 }
 
 ModelDeclPtr SymbolTreeNode::Unfolding::excludedBy(VarAssignment const& member) {
-    if (member.getOperatorToken().type != TokenType::Becomes)
+    if (member.getOperatorType() != TokenType::Becomes)
         return {};
     auto const declarations = member.getTargetDeclarations();
     return declarations.empty() ? nullptr : Analysis::ownModelType(declarations.back());

@@ -88,7 +88,7 @@ void ExpressionEvaluator::visitBinaryOp(Frame& frame, BinaryOp const& node) {
 }
 
 void ExpressionEvaluator::computePrimitive(BinaryOp const& node, Any const& lhs, Any const& rhs) {
-    auto const op = node.getOperatorToken().type;
+    auto const op = node.getOperatorType();
     bool const are_ints = primitiveTypeOf(node.getLhs())->getKind() == Kind::Int &&
                           primitiveTypeOf(node.getRhs())->getKind() == Kind::Int && op != TokenType::Slash;
     if (!isNumber(lhs) || !isNumber(rhs) || (are_ints && (!lhs.isInt() || !rhs.isInt())))

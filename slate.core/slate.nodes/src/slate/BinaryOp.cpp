@@ -9,12 +9,15 @@ BinaryOpPtr BinaryOp::create(ExpressionPtr lhs, ExpressionPtr rhs, Token operato
 }
 
 BinaryOp::BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& operator_token)
-    : Expression(NodeType::BinaryOp),
+    : ChainLink(NodeType::BinaryOp, std::move(lhs)),
       operator_token_(std::move(operator_token)),
-      lhs_(std::move(lhs)),
       rhs_(std::move(rhs)) {}
 
 void BinaryOp::accept(NodeVisitor& visitor) { visitor.visitBinaryOp(shared_from_this()); }
+
+void BinaryOp::setOverload(OpOverloadPtr const& overload) {
+    overload_ = overload ? std::make_unique<std::weak_ptr<OperatorOverload>>(overload) : nullptr;
+}
 
 void BinaryOp::unbindLink() {
     overload_.reset();
@@ -22,7 +25,7 @@ void BinaryOp::unbindLink() {
 }
 
 ExpressionPtr BinaryOp::cloneLink(ExpressionPtr chain_operand, Spans spans) const {
-    return create(std::move(chain_operand), rhs_->cloneWith(spans), operator_token_);
+    return create(std::move(chain_operand), rhs_->cloneWith(spans), getOperatorToken());
 }
 
 } // namespace Slate

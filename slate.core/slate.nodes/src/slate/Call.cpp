@@ -9,7 +9,7 @@ CallPtr Call::create(ExpressionPtr callee, vec<ExpressionPtr> arguments) {
 }
 
 Call::Call(CreateKey, ExpressionPtr&& callee, vec<ExpressionPtr>&& arguments)
-    : Expression(NodeType::Call), callee_(std::move(callee)), arguments_(std::move(arguments)) {}
+    : ChainLink(NodeType::Call, std::move(callee)), arguments_(std::move(arguments)) {}
 
 void Call::accept(NodeVisitor& visitor) { visitor.visitCall(shared_from_this()); }
 

@@ -1,26 +1,22 @@
 #pragma once
 
-#include "slate/Expression.h"
+#include "slate/ChainLink.h"
 
 namespace Slate {
 
 /// A callee with arguments in parentheses.
-class Call : public Expression, public std::enable_shared_from_this<Call> {
+class Call : public ChainLink, public std::enable_shared_from_this<Call> {
   public:
     /// The span is left to the caller.
     static CallPtr create(ExpressionPtr callee, vec<ExpressionPtr> arguments);
 
     Call(CreateKey, ExpressionPtr&& callee, vec<ExpressionPtr>&& arguments);
 
-    ~Call() override { releaseChain(std::move(callee_)); }
-
     CallPtr asCall() override { return shared_from_this(); }
 
     void accept(NodeVisitor& visitor) override;
 
-    ExpressionPtr const& getChainOperand() const override { return callee_; }
-
-    ExpressionPtr const& getCallee() const { return callee_; }
+    ExpressionPtr const& getCallee() const { return getChainOperand(); }
 
     vec<ExpressionPtr> const& getArguments() const { return arguments_; }
 
@@ -33,10 +29,7 @@ class Call : public Expression, public std::enable_shared_from_this<Call> {
     void unbindLink() override;
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
-    ExpressionPtr takeChainOperand() override { return std::move(callee_); }
-
   private:
-    ExpressionPtr callee_;
     vec<ExpressionPtr> const arguments_;
     std::weak_ptr<MethodDeclaration> method_;
 };

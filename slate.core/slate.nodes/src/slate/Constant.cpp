@@ -8,9 +8,7 @@ ConstantPtr Constant::create(Token token) {
     return std::make_shared<Constant>(CreateKey(), std::move(token));
 }
 
-Constant::Constant(CreateKey, Token&& token) : Expression(NodeType::Constant), token_(std::move(token)) {
-    setSpan(refer(token_), refer(token_));
-}
+Constant::Constant(CreateKey, Token&& token) : Expression(NodeType::Constant), token_(std::move(token)) {}
 
 void Constant::accept(NodeVisitor& visitor) { visitor.visitConstant(shared_from_this()); }
 

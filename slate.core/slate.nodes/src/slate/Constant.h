@@ -26,6 +26,10 @@ class Constant : public Expression, public std::enable_shared_from_this<Constant
     void setDeclaration(NodePtr const& declaration) { declaration_ = declaration; }
 
   protected:
+    Token const* getOwnFirstToken() const override { return &token_; }
+
+    Token const* getOwnLastToken() const override { return &token_; }
+
     void unbindLink() override;
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 

@@ -4,10 +4,10 @@ namespace Slate {
 
 ElementList::ElementList(NodeType node_type, vec<ExpressionPtr>&& elements, Token&& open_token,
                          Token&& close_token)
-    : Expression(node_type), elements_(std::move(elements)) {
-    setFirstToken(std::move(open_token));
-    setLastToken(std::move(close_token));
-}
+    : Expression(node_type),
+      elements_(std::move(elements)),
+      open_token_(std::move(open_token)),
+      close_token_(std::move(close_token)) {}
 
 void ElementList::unbindLink() {
     for (auto const& element : elements_)

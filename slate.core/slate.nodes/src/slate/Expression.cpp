@@ -28,12 +28,7 @@ ExpressionPtr Expression::cloneWith(Spans spans) const {
 }
 
 void Expression::setSpanOf(Expression const& source) {
-    // A chain shares its first token from link to link.
-    auto const& operand = getChainOperand();
-    auto const& source_operand = source.getChainOperand();
-    if (operand && source_operand && source.first_token_ == source_operand->first_token_)
-        setFirstTokenFrom(*operand);
-    else if (getFirstToken() != source.getFirstToken())
+    if (getFirstToken() != source.getFirstToken())
         setFirstToken(source.getFirstToken());
     if (getLastToken() != source.getLastToken())
         setLastToken(source.getLastToken());
@@ -53,21 +48,32 @@ PrimitiveType const* Expression::getPrimitiveType() const {
     return type != nullptr && type->isPrimitiveType() ? static_cast<PrimitiveType const*>(type) : nullptr;
 }
 
-Token const& Expression::getFirstToken() const { return first_token_ ? *first_token_ : no_token; }
-
-Token const& Expression::getLastToken() const { return last_token_ ? *last_token_ : no_token; }
-
-void Expression::setFirstToken(Token token) {
-    first_token_ = std::make_shared<Token const>(std::move(token));
+Token const& Expression::getFirstToken() const {
+    auto const* const given = given_span_ ? given_span_->first : nullptr;
+    auto const* const token = given == nullptr ? getOwnFirstToken() : given;
+    return token == nullptr ? no_token : *token;
 }
 
-void Expression::setLastToken(Token token) { last_token_ = std::make_shared<Token const>(std::move(token)); }
+Token const& Expression::getLastToken() const {
+    auto const* const given = given_span_ ? given_span_->last : nullptr;
+    auto const* const token = given == nullptr ? getOwnLastToken() : given;
+    return token == nullptr ? no_token : *token;
+}
 
-void Expression::setSpan(SpanToken first_token, SpanToken last_token) {
-    if (first_token)
-        first_token_ = std::move(first_token);
-    if (last_token)
-        last_token_ = std::move(last_token);
+Expression::GivenSpan& Expression::givenSpan() {
+    if (!given_span_)
+        given_span_ = std::make_unique<GivenSpan>();
+    return *given_span_;
+}
+
+void Expression::setFirstToken(Token token) {
+    auto& span = givenSpan();
+    span.first = &span.tokens.emplace_front(std::move(token));
+}
+
+void Expression::setLastToken(Token token) {
+    auto& span = givenSpan();
+    span.last = &span.tokens.emplace_front(std::move(token));
 }
 
 void Expression::releaseChain(ExpressionPtr operand) {

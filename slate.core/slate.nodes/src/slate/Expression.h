@@ -2,6 +2,7 @@
 
 #include "slate/Link.h"
 
+#include <forward_list>
 #include <memory>
 
 namespace Slate {
@@ -35,12 +36,6 @@ class Expression : public Node {
     void setFirstToken(Token token);
     void setLastToken(Token token);
 
-    /// Takes the first token over from one of this expression's operands; shares it, copies nothing.
-    void setFirstTokenFrom(Expression const& operand) { first_token_ = operand.first_token_; }
-
-    /// Takes the last token over from one of this expression's operands; shares it, copies nothing.
-    void setLastTokenFrom(Expression const& operand) { last_token_ = operand.last_token_; }
-
     /// The type that the analysis found; empty if none.
     TypePtr getType() const { return type_.get(); }
 
@@ -50,17 +45,13 @@ class Expression : public Node {
     void setType(TypePtr const& type) { type_.set(type); }
 
   protected:
-    /// One end of a span. It shares the token with whoever made it, or points, owning nothing, at a token
-    /// that is kept as long as this expression: one of its own fields or of its operands.
-    using SpanToken = std::shared_ptr<Token const>;
-
     explicit Expression(NodeType node_type) : Node(node_type) {}
 
-    /// A span end that points at a token without owning it.
-    static SpanToken refer(Token const& token) { return {std::shared_ptr<void>(), &token}; }
+    // The ends of the span that the class has by itself, where no token was set: tokens that are kept as long
+    // as this expression. Null if there are none.
 
-    /// An empty end leaves what was there.
-    void setSpan(SpanToken first_token, SpanToken last_token);
+    virtual Token const* getOwnFirstToken() const = 0;
+    virtual Token const* getOwnLastToken() const = 0;
 
     /// Clears what this class has bound, and unbinds all operands but that of the chain.
     virtual void unbindLink() = 0;
@@ -75,13 +66,22 @@ class Expression : public Node {
     /// link before it, as deep as the chain is long.
     static void releaseChain(ExpressionPtr operand);
 
-  private:
     /// Takes the span over from `source`, of which this is a clone.
-    void setSpanOf(Expression const& source);
+    virtual void setSpanOf(Expression const& source);
+
+  private:
+    /// The tokens that were set. One that was replaced is kept, since the expression around this one may
+    /// refer to it.
+    struct GivenSpan {
+        std::forward_list<Token> tokens;
+        Token const* first = nullptr;
+        Token const* last = nullptr;
+    };
+
+    GivenSpan& givenSpan();
 
     TypeLink type_;
-    SpanToken first_token_;
-    SpanToken last_token_;
+    std::unique_ptr<GivenSpan> given_span_; // most expressions stand without parentheses
 };
 
 } // namespace Slate

@@ -9,7 +9,7 @@ IndexingPtr Indexing::create(ExpressionPtr lhs, ExpressionPtr index) {
 }
 
 Indexing::Indexing(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& index)
-    : Expression(NodeType::Indexing), lhs_(std::move(lhs)), index_(std::move(index)) {}
+    : ChainLink(NodeType::Indexing, std::move(lhs)), index_(std::move(index)) {}
 
 void Indexing::accept(NodeVisitor& visitor) { visitor.visitIndexing(shared_from_this()); }
 

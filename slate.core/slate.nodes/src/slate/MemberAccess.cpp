@@ -21,7 +21,7 @@ MemberAccessPtr MemberAccess::create(ExpressionPtr lhs, Token name_token) {
 }
 
 MemberAccess::MemberAccess(CreateKey, ExpressionPtr&& lhs, Token&& name_token)
-    : Expression(NodeType::MemberAccess), name_token_(std::move(name_token)), lhs_(std::move(lhs)) {}
+    : ChainLink(NodeType::MemberAccess, std::move(lhs)), name_token_(std::move(name_token)) {}
 
 void MemberAccess::accept(NodeVisitor& visitor) { visitor.visitMemberAccess(shared_from_this()); }
 
@@ -31,7 +31,7 @@ VarAssignPtr MemberAccess::lookupDeclarationFromSegments(TokenVector const& segm
         SLATE_LOG_ERROR("Invalid offset");
         return {};
     }
-    if (auto const model = modelTypeOf(*lhs_); model && first_ix > 0) {
+    if (auto const model = modelTypeOf(*getLhs()); model && first_ix > 0) {
         if (auto declaration = model->lookupDeclarationFromSegments(segments, first_ix - 1, last_ix))
             return declaration;
     }

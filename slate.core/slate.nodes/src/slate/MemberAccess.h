@@ -1,31 +1,27 @@
 #pragma once
 
-#include "slate/Expression.h"
+#include "slate/ChainLink.h"
 
 namespace Slate {
 
 /// A member of an operand, `lhs.name`.
-class MemberAccess : public Expression, public std::enable_shared_from_this<MemberAccess> {
+class MemberAccess : public ChainLink, public std::enable_shared_from_this<MemberAccess> {
   public:
     /// The span is left to the caller.
     static MemberAccessPtr create(ExpressionPtr lhs, Token name_token);
 
     MemberAccess(CreateKey, ExpressionPtr&& lhs, Token&& name_token);
 
-    ~MemberAccess() override { releaseChain(std::move(lhs_)); }
-
     MemberAccessPtr asMemberAccess() override { return shared_from_this(); }
 
     void accept(NodeVisitor& visitor) override;
 
-    ExpressionPtr const& getChainOperand() const override { return lhs_; }
-
     Token const& getNameToken() const { return name_token_; }
 
-    ExpressionPtr const& getLhs() const { return lhs_; }
+    ExpressionPtr const& getLhs() const { return getChainOperand(); }
 
     /// Ends the span at the name; shares the token, copies nothing.
-    void setLastTokenToName() { setSpan({}, refer(name_token_)); }
+    void setLastTokenToName() { referToLastToken(name_token_); }
 
     /// The declaration of the member; empty until bound.
     VarAssignPtr getDeclaration() const { return declaration_.lock(); }
@@ -46,11 +42,8 @@ class MemberAccess : public Expression, public std::enable_shared_from_this<Memb
     void unbindLink() override;
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
-    ExpressionPtr takeChainOperand() override { return std::move(lhs_); }
-
   private:
     Token const name_token_;
-    ExpressionPtr lhs_;
     std::weak_ptr<VarAssignment> declaration_;
 };
 

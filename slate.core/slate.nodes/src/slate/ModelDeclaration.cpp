@@ -128,6 +128,8 @@ vec<AnnotationPtr> ModelDeclaration::findModelAnnotations(std::string_view name)
 }
 
 void ModelDeclaration::setIsNewSymbol(std::string const& symbol_path, NodePtr const& symbol) {
+    if (new_symbols_.empty())
+        new_symbols_.reserve(members_.getAll().size()); // most members are such symbols
     new_symbols_.findOrAdd(symbol_path) = symbol;
 }
 

@@ -83,7 +83,7 @@ vec<VarAssignPtr> ModelDeclaration::findAttributesInOrder() const {
     for (auto const* model : chain) {
         for (auto const& member : model->getMembers()) {
             auto const attribute = member->asVarAssignment();
-            if (isProperDeclaration(attribute) && attribute->getOperatorToken().type == TokenType::Becomes) {
+            if (isProperDeclaration(attribute) && attribute->getOperatorType() == TokenType::Becomes) {
                 auto& nearest = nearest_redeclarations.findOrAdd(attribute->getName());
                 nearest = nearest ? nearest : attribute;
             }

@@ -8,6 +8,15 @@
 
 namespace Slate {
 
+namespace {
+
+/// Null if the node is none, or something else. Sorting and evaluation ask each step for its attribute.
+VarAssignment const* attributeIn(NodePtr const& node) {
+    return node && node->isVarAssignment() ? static_cast<VarAssignment const*>(node.get()) : nullptr;
+}
+
+} // namespace
+
 PathStep::PathStep(NodePtr const& node, std::string name, std::size_t index)
     : node_(node),
       name_(std::move(name)),
@@ -33,7 +42,7 @@ DocPtr PathStep::getDocument() const {
     auto const node = getNode();
     if (!node)
         return {};
-    if (auto const attribute = node->asVarAssignment())
+    if (auto const* const attribute = attributeIn(node))
         return attribute->getOwningDocument();
     if (auto const annotation = node->asAnnotation())
         return annotation->getOwningDocument();
@@ -51,7 +60,7 @@ TypePtr PathStep::getType() const {
     auto const node = getNode();
     if (!node)
         return {};
-    if (auto const attribute = node->asVarAssignment())
+    if (auto const* const attribute = attributeIn(node))
         return attribute->getTypeOfSegment(index_);
     if (auto const trait = node->asTraitImpl())
         return trait->getTraitDeclaration();
@@ -62,8 +71,8 @@ TypePtr PathStep::getType() const {
 
 ExpressionPtr PathStep::getExpression() const {
     auto const node = getNode();
-    auto const attribute = node ? node->asVarAssignment() : nullptr;
-    return attribute ? attribute->getValue() : nullptr;
+    auto const* const attribute = attributeIn(node);
+    return attribute == nullptr ? nullptr : attribute->getValue();
 }
 
 std::string PathStep::getText() const {

@@ -18,7 +18,7 @@ using ChainPtr = TopologicalPath::ChainPtr;
 /// Up to this many edges are compared one by one.
 constexpr std::size_t few_edges = 8;
 
-ChainPtr addStep(ChainPtr chain, PathStep step) {
+ChainPtr addStep(ChainPtr chain, PathStep&& step) {
     return std::make_shared<Chain const>(std::move(chain), std::move(step));
 }
 
@@ -64,7 +64,7 @@ std::size_t countCommonSteps(Chain const* a, Chain const* b) {
 
 } // namespace
 
-TopologicalPath::Chain::Chain(ChainPtr previous, PathStep step)
+TopologicalPath::Chain::Chain(ChainPtr previous, PathStep&& step)
     : step_(std::move(step)),
       previous_(std::move(previous)),
       last_other_(!previous_         ? nullptr
@@ -187,26 +187,35 @@ bool TopologicalPath::isLastStepDeclaration() const {
 
 std::vector<TopoPathPtr> TopologicalPath::getEdges() const {
     std::vector<TopoPathPtr> edges;
-    edges.reserve(edges_.size());
     forEachEdge([&edges](TopoPathPtr const& path) { edges.push_back(path); });
     return edges;
 }
 
 void TopologicalPath::addEdge(TopoPathPtr const& path) {
-    if (edges_.size() < few_edges) {
-        auto const is_path = [&path](auto const& edge) {
-            return !edge.owner_before(path) && !path.owner_before(edge);
-        };
-        if (std::ranges::none_of(edges_, is_path))
-            edges_.push_back(path);
+    auto const is_path = [&path](Edge const& edge) {
+        return !edge.owner_before(path) && !path.owner_before(edge);
+    };
+    if (!std::exchange(has_edges_, true)) {
+        first_edge_ = path;
         return;
     }
-    if (!known_edges_) {
-        known_edges_ = std::make_unique<std::unordered_set<TopologicalPath const*>>();
-        forEachEdge([this](TopoPathPtr const& edge) { known_edges_->insert(edge.get()); });
+    if (is_path(first_edge_))
+        return;
+    if (!further_edges_)
+        further_edges_ = std::make_unique<FurtherEdges>();
+    auto& paths = further_edges_->paths;
+    auto& known = further_edges_->known;
+    if (paths.size() < few_edges) {
+        if (std::ranges::none_of(paths, is_path))
+            paths.push_back(path);
+        return;
     }
-    if (known_edges_->insert(path.get()).second)
-        edges_.push_back(path);
+    if (!known) {
+        known = std::make_unique<std::unordered_set<TopologicalPath const*>>();
+        forEachEdge([&known](TopoPathPtr const& edge) { known->insert(edge.get()); });
+    }
+    if (known->insert(path.get()).second)
+        paths.push_back(path);
 }
 
 void TopologicalPath::setOuterTypes(std::vector<TypePtr> const& types) {

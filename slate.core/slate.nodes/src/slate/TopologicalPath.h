@@ -85,7 +85,11 @@ class TopologicalPath {
     /// Calls `visit(path)` with each of them.
     template <typename Visit>
     void forEachEdge(Visit visit) const {
-        for (auto const& edge : edges_) {
+        if (auto const path = first_edge_.lock())
+            visit(path);
+        if (!further_edges_)
+            return;
+        for (auto const& edge : further_edges_->paths) {
             if (auto const path = edge.lock())
                 visit(path);
         }
@@ -96,7 +100,7 @@ class TopologicalPath {
 
     std::size_t getInDegree() const { return in_degree_; }
 
-    void addToInDegree(std::ptrdiff_t delta) { in_degree_ += static_cast<std::size_t>(delta); }
+    void addToInDegree(std::ptrdiff_t delta) { in_degree_ += static_cast<std::uint32_t>(delta); }
 
     /// False for a path in a cycle that was reported.
     bool isValid() const { return valid_; }
@@ -118,19 +122,27 @@ class TopologicalPath {
     std::string toMemberString() const;
 
   private:
+    using Edge = std::weak_ptr<TopologicalPath>;
+
+    struct FurtherEdges {
+        std::vector<Edge> paths;
+        std::unique_ptr<std::unordered_set<TopologicalPath const*>> known; // the same, once they are many
+    };
+
     TopoPathPtr prefixUpTo(Chain const* link) const;
 
     ChainPtr chain_;
-    std::vector<std::weak_ptr<TopologicalPath>> edges_;
-    std::unique_ptr<std::unordered_set<TopologicalPath const*>> known_edges_; // the same, once they are many
-    std::size_t in_degree_ = 0;
+    Edge first_edge_; // most paths have one, or none
+    std::unique_ptr<FurtherEdges> further_edges_;
+    std::uint32_t in_degree_ = 0; // paths are no more than 32 bits can count
+    bool has_edges_ = false;
     bool valid_ = true;
 };
 
 class TopologicalPath::Chain {
   public:
     /// `previous` is empty for the first step.
-    Chain(ChainPtr previous, PathStep step);
+    Chain(ChainPtr previous, PathStep&& step);
 
     /// Link by link, as far as nobody else holds one: a chain may have any length.
     ~Chain();

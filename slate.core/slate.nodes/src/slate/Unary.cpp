@@ -9,10 +9,10 @@ UnaryPtr Unary::create(Token operator_token, ExpressionPtr operand) {
 }
 
 Unary::Unary(CreateKey, Token&& operator_token, ExpressionPtr&& operand)
-    : Expression(NodeType::Unary), operator_token_(std::move(operator_token)), operand_(std::move(operand)) {
-    setSpan(refer(operator_token_), {});
-    setLastTokenFrom(*operand_);
-}
+    : Expression(NodeType::Unary),
+      operator_token_(std::move(operator_token)),
+      operand_(std::move(operand)),
+      last_token_(&operand_->getLastToken()) {}
 
 void Unary::accept(NodeVisitor& visitor) { visitor.visitUnary(shared_from_this()); }
 

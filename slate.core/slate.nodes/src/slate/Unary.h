@@ -26,12 +26,17 @@ class Unary : public Expression, public std::enable_shared_from_this<Unary> {
     void setOverload(OpOverloadPtr const& overload) { overload_ = overload; }
 
   protected:
+    Token const* getOwnFirstToken() const override { return &operator_token_; }
+
+    Token const* getOwnLastToken() const override { return last_token_; }
+
     void unbindLink() override;
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
   private:
     Token const operator_token_;
     ExpressionPtr const operand_;
+    Token const* const last_token_; // of the operand
     std::weak_ptr<OperatorOverload> overload_;
 };
 

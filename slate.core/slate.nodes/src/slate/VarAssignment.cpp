@@ -53,9 +53,8 @@ void VarAssignment::accept(NodeVisitor& visitor) { visitor.visitVarAssignment(sh
 void VarAssignment::unbind() {
     owning_document_.reset();
     owning_model_.reset();
-    parent_.reset();
+    place_.reset();
     targets_itself_ = false;
-    target_declarations_.reset();
     type_.clear();
     for (auto const& annotation : getAnnotations())
         annotation->unbind();
@@ -78,13 +77,14 @@ VarAssignPtr VarAssignment::copy() const {
         members.push_back(member->copy());
 
     auto result =
-        create(segments_, operator_token_, type_segments_, std::move(annotations), std::move(members),
+        create(segments_, getOperatorToken(), type_segments_, std::move(annotations), std::move(members),
                value_ ? value_->cloneWith(Expression::Spans::OfSources) : nullptr);
     result->is_value_supplied_ = is_value_supplied_;
     result->type_ = type_;
     result->owning_document_ = owning_document_;
     result->owning_model_ = owning_model_;
-    result->parent_ = parent_;
+    if (auto const parent = getParent())
+        result->setParent(parent);
     for (auto const& annotation : result->getAnnotations())
         annotation->setOwner(result);
     for (auto const& member : result->getMembers())
@@ -114,13 +114,13 @@ std::string VarAssignment::getSourceId() const {
             return document->getSourceId();
         if (auto const model = attribute->owning_model_.lock())
             return model->getSourceIdOrDefault();
-        enclosing = attribute->parent_.lock();
+        enclosing = attribute->getParent();
     }
     return {};
 }
 
 TypePtr VarAssignment::getType() const {
-    return getTypeOfSegment(target_declarations_ ? target_declarations_->size() - 1 : 0);
+    return getTypeOfSegment(hasOtherTargets() ? place_->target_declarations.size() - 1 : 0);
 }
 
 TypePtr VarAssignment::getTypeOfSegment(std::size_t index) const {
@@ -132,9 +132,19 @@ TypePtr VarAssignment::getTypeOfSegment(std::size_t index) const {
 
 /// Of other declarations than this one; empty beyond the last.
 VarAssignPtr VarAssignment::targetAt(std::size_t index) const {
-    return target_declarations_ && index < target_declarations_->size()
-               ? (*target_declarations_)[index].lock()
-               : nullptr;
+    return place_ && index < place_->target_declarations.size() ? place_->target_declarations[index].lock()
+                                                                : nullptr;
+}
+
+void VarAssignment::setParent(VarAssignPtr const& parent) {
+    if (place_ || parent)
+        place().parent = parent;
+}
+
+VarAssignment::Place& VarAssignment::place() {
+    if (!place_)
+        place_ = std::make_unique<Place>();
+    return *place_;
 }
 
 void VarAssignment::setType(TypePtr const& type) { type_.set(type); }
@@ -143,33 +153,31 @@ vec<VarAssignPtr> VarAssignment::getTargetDeclarations() const {
     vec<VarAssignPtr> targets;
     if (targets_itself_)
         targets.push_back(std::const_pointer_cast<VarAssignment>(shared_from_this()));
-    else if (target_declarations_)
-        std::ranges::transform(*target_declarations_, std::back_inserter(targets),
+    else if (place_)
+        std::ranges::transform(place_->target_declarations, std::back_inserter(targets),
                                &std::weak_ptr<VarAssignment>::lock);
     return targets;
 }
 
 void VarAssignment::setTargetDeclarations(vec<VarAssignPtr> const& target_declarations) {
-    using Targets = std::vector<std::weak_ptr<VarAssignment>>;
     targets_itself_ = false;
-    target_declarations_ =
-        target_declarations.empty()
-            ? nullptr
-            : std::make_unique<Targets>(target_declarations.begin(), target_declarations.end());
+    if (place_ || !target_declarations.empty())
+        place().target_declarations.assign(target_declarations.begin(), target_declarations.end());
 }
 
 void VarAssignment::setTargetsItself() {
-    target_declarations_.reset();
+    if (place_)
+        place_->target_declarations.clear();
     targets_itself_ = true;
 }
 
 bool VarAssignment::isTopDeclaration() const {
-    return !isTopLevel() && parent_.expired() && segments_.size() == 1 && isDeclaration();
+    return !isTopLevel() && !hasParent() && segments_.size() == 1 && isDeclaration();
 }
 
 bool VarAssignment::isNestedDeclaration() const {
-    bool const stands_nested = !parent_.expired() || segments_.size() > 1;
-    return stands_nested && (operator_token_.type != TokenType::None || isDeclaration());
+    bool const stands_nested = hasParent() || segments_.size() > 1;
+    return stands_nested && (getOperatorType() != TokenType::None || isDeclaration());
 }
 
 bool VarAssignment::hasNestedDeclaration() const {
@@ -182,9 +190,9 @@ VarAssignPtr VarAssignment::getOwningDeclaration() {
     CycleGuard guard;
     auto attribute = shared_from_this();
     while (attribute && !guard.closesAt(attribute.get())) {
-        if (attribute->operator_token_.type == TokenType::Is)
+        if (attribute->getOperatorType() == TokenType::Is)
             return attribute;
-        if (attribute->operator_token_.type != TokenType::Becomes)
+        if (attribute->getOperatorType() != TokenType::Becomes)
             return {};
         attribute = attribute->targetAt(0);
     }

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "slate/Expression.h"
+#include "slate/OperatorToken.h"
 
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace Slate {
 
@@ -26,7 +29,10 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     TokenVector const& getSegments() const { return segments_; }
 
     /// `is`, `becomes` or `None`.
-    Token const& getOperatorToken() const { return operator_token_; }
+    Token getOperatorToken() const { return operator_token_.get(); }
+
+    /// That of the operator token, without its text.
+    TokenType getOperatorType() const { return operator_token_.type(); }
 
     /// The declared type; may end in the two tokens `[` and `]`; empty without one.
     TokenVector const& getTypeSegments() const { return type_segments_; }
@@ -73,7 +79,7 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     /// The declarations reached along the target path, one a segment, outermost first.
     vec<VarAssignPtr> getTargetDeclarations() const;
 
-    bool hasTargetDeclarations() const { return targets_itself_ || target_declarations_; }
+    bool hasTargetDeclarations() const { return targets_itself_ || hasOtherTargets(); }
 
     void setTargetDeclarations(vec<VarAssignPtr> const& target_declarations);
 
@@ -89,9 +95,9 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     void setOwningModel(ModelDeclPtr const& owning_model) { owning_model_ = owning_model; }
 
     /// The enclosing attribute of a nested one.
-    VarAssignPtr getParent() const { return parent_.lock(); }
+    VarAssignPtr getParent() const { return place_ ? place_->parent.lock() : nullptr; }
 
-    void setParent(VarAssignPtr const& parent) { parent_ = parent; }
+    void setParent(VarAssignPtr const& parent);
 
     bool isDeclaration() const { return !type_segments_.empty(); }
 
@@ -116,27 +122,37 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
         vec<VarAssignPtr> members;
     };
 
+    /// Where an assignment stands and leads that is no declaration in a model.
+    struct Place {
+        std::weak_ptr<VarAssignment> parent;
+        std::vector<std::weak_ptr<VarAssignment>> target_declarations;
+    };
+
     static Body const& emptyBody();
 
     Body const& body() const { return body_ ? *body_ : emptyBody(); }
+
+    Place& place();
+
+    bool hasParent() const { return place_ && !place_->parent.expired(); }
+
+    bool hasOtherTargets() const { return place_ && !place_->target_declarations.empty(); }
 
     VarAssignPtr targetAt(std::size_t index) const;
 
     // What most walks over attributes ask for comes first: these walks wait for memory more than for anything
     // else.
     TokenVector const segments_;
-    bool targets_itself_ = false; // then there are no others
-    bool is_value_supplied_ = false;
-    std::weak_ptr<VarAssignment> parent_;
-    std::unique_ptr<Body const> const body_; // most attributes have none
+    std::unique_ptr<Place> place_;           // most attributes have none
+    std::unique_ptr<Body const> const body_; // nor this
     ExpressionPtr value_;
-    TypeLink type_;
+    [[no_unique_address]] TypeLink type_; // the next two stand in its padding
+    bool targets_itself_ = false;         // then there are no others
+    bool is_value_supplied_ = false;
     std::weak_ptr<ModelDeclaration> owning_model_;
     std::weak_ptr<Document> owning_document_;
     TokenVector const type_segments_;
-    std::unique_ptr<std::vector<std::weak_ptr<VarAssignment>>>
-        target_declarations_; // an `is` stands in its own
-    Token const operator_token_;
+    OperatorToken const operator_token_;
 };
 
 } // namespace Slate

@@ -34,8 +34,8 @@ struct Brackets<Initializer> {
 
 ExpressionPtr makeBinaryOp(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token) {
     auto node = BinaryOp::create(std::move(lhs), std::move(rhs), std::move(operator_token));
-    node->setFirstTokenFrom(*node->getLhs());
-    node->setLastTokenFrom(*node->getRhs());
+    node->setFirstTokenFromOperand();
+    node->setLastTokenFromRhs();
     return node;
 }
 
@@ -126,7 +126,7 @@ ExpressionPtr ParserImpl::parseCall(ExpressionPtr callee, line_t& line, BracketS
     if (!pop(stack, TokenType::LeftParen, closing_token))
         return {};
     auto node = Call::create(std::move(callee), std::move(arguments));
-    node->setFirstTokenFrom(*node->getCallee());
+    node->setFirstTokenFromOperand();
     node->setLastToken(std::move(closing_token));
     return node;
 }
@@ -138,7 +138,7 @@ ExpressionPtr ParserImpl::parseMemberAccess(ExpressionPtr lhs, line_t& line) {
         return {};
     }
     auto node = MemberAccess::create(std::move(lhs), consume(line));
-    node->setFirstTokenFrom(*node->getLhs());
+    node->setFirstTokenFromOperand();
     node->setLastTokenToName();
     return node;
 }
@@ -164,7 +164,7 @@ ExpressionPtr ParserImpl::parseIndexing(ExpressionPtr lhs, line_t& line, Bracket
     }
     auto closing_token = consume(line);
     auto node = Indexing::create(std::move(lhs), std::move(index));
-    node->setFirstTokenFrom(*node->getLhs());
+    node->setFirstTokenFromOperand();
     node->setLastToken(std::move(closing_token));
     return node;
 }

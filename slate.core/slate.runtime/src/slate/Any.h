@@ -102,7 +102,8 @@ class Any {
     Value const& read(char const* complaint) const;
 
     // In the order of `AnyType`; no pointer in it is empty but in what was moved from.
-    std::variant<std::int64_t, double, bool, StringPtr, std::shared_ptr<Object>, ArrayPtr, std::monostate>
+    [[no_unique_address]] std::variant<std::int64_t, double, bool, StringPtr, std::shared_ptr<Object>,
+                                       ArrayPtr, std::monostate>
         value_ = std::monostate();
 };
 

@@ -143,7 +143,7 @@ class Object {
     static void writeValueAsJson(JsonWriter& writer, Object const& owner, Any const& value);
 
     struct Attribute {
-        Any value;
+        [[no_unique_address]] Any value; // the next one stands in its padding
         bool is_default = false;
     };
 
