@@ -16,6 +16,11 @@ if(SLATE_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(SLATE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 if(SLATE_CHECKED_LIBRARY)
   add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()
