@@ -11,6 +11,8 @@
 %include "interface/Conversions.i"
 %include "interface/Opaque.i"
 %include "interface/Types.i"
+%include "interface/Contexts.i"
+%include "interface/Positions.i"
 %include "interface/Vectors.i"
 
 %include "interface/Token.i"

@@ -1,5 +1,11 @@
 %nodefaultctor;
 
+// The place of these errors is that of the first token.
+%typemap(check) Slate::TokenVector const & type_segments, Slate::TokenVector const & segments {
+    if ($1->empty())
+        SWIG_exception_fail(SWIG_ValueError, "in method '$symname', argument $argnum needs a token");
+}
+
 namespace Slate {
 
 class Error {
@@ -133,6 +139,7 @@ class DependencyNotSatisfied : public StringParameterError {
                                                                  std::string const & source_id);
 };
 
+%clear Slate::TokenVector const & type_segments, Slate::TokenVector const & segments;
 %clearnodefaultctor;
 
 class ErrorReporter {

@@ -63,6 +63,7 @@
 #include <stdexcept>
 #include <string>
 #include <system_error>
+#include <type_traits>
 #include <utility>
 
 // Types that the interface leaves opaque stand in the generated code as they are written here.
@@ -77,5 +78,6 @@ using ErrorIterator = Slate::Errors::const_iterator;
 %include <stdint.i>
 %include <std_string.i>
 %include <std_pair.i>
+#define SWIG_NO_EXPORT_ITERATOR_METHODS // see Positions.i
 %include <std_vector.i>
 %include <std_shared_ptr.i>

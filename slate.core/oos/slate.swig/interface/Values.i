@@ -82,6 +82,11 @@ class Object {
     std::string __str__() const;
 };
 
+%typemap(check) char const *key, char const *className {
+    if ($1 == nullptr)
+        %argument_nullref("$type", $symname, $argnum);
+}
+
 // Natives are functions of C++: what Python registers it was given by a library.
 class EvaluatorContext {
   public:

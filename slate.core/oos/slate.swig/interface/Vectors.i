@@ -21,6 +21,22 @@ inline void slice_adjust(std::ptrdiff_t i, std::ptrdiff_t j, Py_ssize_t step, st
 } // namespace swig
 %}
 
+// The generator's own template reads the elements while it changes the vector, of which they may be.
+%fragment("SetSlice", "header", fragment="SwigPySequence_Base") {
+namespace swig {
+template <typename Element>
+void setslice(std::vector<Element>* vector, std::ptrdiff_t i, std::ptrdiff_t j, Py_ssize_t step,
+              std::vector<Element> const& elements) {
+    using Vector = std::vector<Element>;
+    if (vector == &elements)
+        setslice<Vector, std::ptrdiff_t, Vector>(vector, i, j, step, Vector(elements));
+    else
+        setslice<Vector, std::ptrdiff_t, Vector>(vector, i, j, step, elements);
+}
+}
+}
+%fragment("SetSlice");
+
 // An empty pointer among others is `None`, for an iteration and in a list that becomes a vector too.
 %fragment("SharedPtrFromElement", "header", fragment="StdTraits") {
 namespace swig {
@@ -50,8 +66,8 @@ struct traits_asptr<std::shared_ptr<Type>> {
 }
 %fragment("SharedPtrFromElement");
 
-%typemap(out) Slate::Token const &, Slate::Core::Any const &, Slate::Refactor::ReplaceOp const &,
-              Slate::Token & __getitem__, Slate::Core::Any & __getitem__, Slate::Refactor::ReplaceOp & __getitem__ {
+%typemap(out) Slate::Token const &, Slate::Refactor::ReplaceOp const &, Slate::Token & __getitem__,
+              Slate::Refactor::ReplaceOp & __getitem__ {
     $result = SWIG_NewPointerObj(new $*1_ltype(*$1), $1_descriptor, SWIG_POINTER_OWN);
 }
 
@@ -73,18 +89,22 @@ struct traits_asptr<std::shared_ptr<Type>> {
     $result = giveToPython<$*1_ltype>(*$1, $1_descriptor);
 }
 
-%template(TokenVector) std::vector<Slate::Token>;
-%template(DocumentVector) std::vector<std::shared_ptr<Slate::Document>>;
-%template(ObjectVector) std::vector<std::shared_ptr<Slate::Core::Object>>;
-%template(AnyVector) std::vector<Slate::Core::Any>;
-%template(StringVector) std::vector<std::string>;
-%template(DoubleVector) std::vector<double>;
-%template(BoolVector) std::vector<bool>;
-%template(UIntVector) std::vector<uint64_t>;
-%template(IntVector) std::vector<int64_t>;
-%template(PluginVector) std::vector<std::shared_ptr<Slate::Plugin>>;
-%template(ReplaceOpVector) std::vector<Slate::Refactor::ReplaceOp>;
-%template(ErrorVector) std::vector<std::shared_ptr<Slate::Error>>;
+%define %vector(NAME, ELEMENT)
+%vector_positions(std::vector<ELEMENT>)
+%template(NAME) std::vector<ELEMENT>;
+%enddef
+%vector(TokenVector, Slate::Token)
+%vector(DocumentVector, std::shared_ptr<Slate::Document>)
+%vector(ObjectVector, std::shared_ptr<Slate::Core::Object>)
+%vector(AnyVector, Slate::Core::Any)
+%vector(StringVector, std::string)
+%vector(DoubleVector, double)
+%vector(BoolVector, bool)
+%vector(UIntVector, uint64_t)
+%vector(IntVector, int64_t)
+%vector(PluginVector, std::shared_ptr<Slate::Plugin>)
+%vector(ReplaceOpVector, Slate::Refactor::ReplaceOp)
+%vector(ErrorVector, std::shared_ptr<Slate::Error>)
 
 // Without an iterator of its own the pair would be read as a sequence without end.
 %extend std::pair<std::shared_ptr<Slate::Document>, std::vector<std::shared_ptr<Slate::Document>>> {

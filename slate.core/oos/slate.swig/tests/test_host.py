@@ -1,11 +1,8 @@
 """The core as a host of Python uses it, on real sources."""
 
-import gc
 import json
 import os
 import pathlib
-import subprocess
-import sys
 
 import CorePythonSwig as slate
 import pytest
@@ -172,35 +169,6 @@ def test_an_example(conveyor):
     assert json.loads(line.toJson(True))["__uuid"] == line.getUuid()
 
 
-def test_refactoring(conveyor):
-    context, _ = conveyor
-    path = EXAMPLES / "quantities" / "materials" / "test_cube.slate"
-    _, documents = slate.parseFromFile(str(path), context)
-    slate.analyze(context, None)
-    toolkit = slate.RefactorToolkit
-    ops = toolkit.renameModel(documents, "quantities.materials.TestCube", "ProofCube")
-    assert isinstance(ops, slate.ReplaceOpVector)
-    declaration = [op for op in ops if op.source_id == str(path)]
-    assert declaration and all(op.new_content.endswith("ProofCube") for op in declaration)
-    lines = path.read_text().splitlines()
-    for op in declaration:
-        assert op.from_line == op.end_line
-        assert lines[op.from_line - 1].encode()[op.from_column - 1 : op.end_column - 1].endswith(b"TestCube")
-    assert len(toolkit.renameAttribute(documents, "quantities.materials.TestCube.edge", "side")) > 1
-    moved = toolkit.moveModel(documents, "quantities.materials.TestCube", "quantities")
-    assert isinstance(moved, slate.ReplaceOpVector)
-    both = toolkit.moveAndRenameModel(documents, "quantities.materials.TestCube", "quantities", "ProofCube")
-    assert len(both) == len(ops)
-    for nothing in [
-        toolkit.renameModel(documents, "No.Such", "Name"),
-        toolkit.renameNamespace(documents, "no", "such"),
-        toolkit.renameMethod(documents, "No.Such.method", "name"),
-        toolkit.renameModel([], "a", "b"),
-        toolkit.renameModel([None], "a", "b"),
-    ]:
-        assert len(nothing) == 0
-
-
 ERRORS = {
     "MissingAssignmentError": "getVarDeclarationPath",
     "CircularDependency": "getCycleAsString",
@@ -277,71 +245,3 @@ def test_records():
     source.document = None
     assert source.document is None
     assert slate.DocumentContext("text", "a", config).document is None
-
-
-# Who keeps what alive: nothing that Python holds may fall with what it came from.
-
-
-def test_a_child_outlives_root_and_context():
-    context = slate.SlateContext(slate.StringVector())
-    shaft = slate.loadModelFromString(SOURCE, None, context).getObject("shaft")
-    model = shaft.getType()
-    del context
-    gc.collect()
-    assert shaft.getNumber("length") == 3.0
-    assert model.getName() == "Shaft"
-
-
-def test_errors_outlive_the_context():
-    context = slate.SlateContext(slate.StringVector())
-    slate.loadModelFromString("Shaft:\n    length is Float\n", None, context)
-    errors = context.getErrors()
-    del context
-    gc.collect()
-    assert len(errors) > 0
-    assert {error.getSourceId() for error in errors} == {"<no file>"}
-
-
-def test_fields_keep_their_owner_alive():
-    config = slate.BundleConfig()
-    config.dependencies.append(slate.Token.String('"units"'))
-    dependencies = config.dependencies
-    context = slate.SlateContext(slate.StringVector())
-    documents = slate.parseFromString(SOURCE, context).second
-    namespace = documents[0].getNamespace()
-    del config, context
-    gc.collect()
-    assert dependencies[0].lexeme == '"units"'
-    assert documents[0].getSourceId() == "<no file>"
-    assert len(namespace) == 0
-
-
-def test_the_flat_functions_alone(tmp_path):
-    """The extension without the module of Python code."""
-    program = tmp_path / "program.py"
-    program.write_text(
-        f"""
-import sys
-import _CorePythonSwig as flat
-context = flat.new_SlateContext(flat.new_StringVector())
-model = flat.loadModelFromString({SOURCE!r}, None, context)
-assert flat.Object_getNumber(model, "ratio") == 6.0
-assert flat.Any_asInt(flat.Object_getDynamic(model, "teeth")) == 20
-assert flat.ErrorVector_size(flat.SlateContext_getErrors(context)) == 0
-assert flat.DocumentVector_size(flat.DocDocListPair_second_get(flat.parseFromString("", context))) == 2
-assert flat.Token_lexeme_get(flat.Token_Identifier("a")) == "a"
-assert "CorePythonSwig" not in sys.modules
-del model, context
-"""
-    )
-    environment = os.environ | {"PYTHONPATH": os.pathsep.join(sys.path)}
-    done = subprocess.run([sys.executable, str(program)], env=environment, capture_output=True, text=True)
-    assert (done.returncode, done.stdout) == (0, ""), done.stderr
-
-
-def test_nothing_but_the_entry_is_exported():
-    module = os.environ["SLATE_MODULE"]
-    listed = subprocess.run(
-        ["nm", "--dynamic", "--defined-only", "--format=posix", module], capture_output=True, text=True, check=True
-    )
-    assert [line.split()[0] for line in listed.stdout.splitlines()] == ["PyInit__CorePythonSwig"]

@@ -1,5 +1,7 @@
 """Every container as a sequence of Python: one table of elements, one list of what all of them do alike."""
 
+import os
+
 import CorePythonSwig as slate
 import pytest
 
@@ -180,6 +182,116 @@ def test_positions(kind, vector):
     vector.erase(vector.begin())
     vector.erase(vector.begin() + 4, vector.end())
     assert kind.seen(vector) == kind.seen(kind.elements)
+
+
+def test_positions_keep_their_vector(kind):
+    for make in ["begin", "rbegin", "iterator"]:
+        position = getattr(kind.vector(kind.elements[:1]), make)()
+        assert kind.identity(position.value()) == kind.identity(kind.elements[0])
+
+
+def test_positions_move_within_their_vector(kind, vector):
+    position = vector.begin()
+    assert kind.seen([position.next(), position.next()]) == kind.seen(kind.elements[:2])
+    assert kind.identity(position.previous()) == kind.identity(kind.elements[1])
+    assert kind.identity((position + 2).value()) == kind.identity(kind.elements[3])
+    assert position - vector.begin() == 1 and vector.begin().distance(position) == 1
+    assert position == vector.begin() + 1 and position != vector.end()
+    assert position.copy() == position and (position - 1).equal(vector.begin())
+    for beyond in [lambda: vector.end().value(), lambda: vector.begin().decr(), lambda: vector.begin().advance(5)]:
+        with pytest.raises(StopIteration):
+            beyond()
+    for foreign in [kind.vector(kind.elements).begin(), vector.rbegin(), slate.BoolVector().begin()]:
+        with pytest.raises((ValueError, RuntimeError)):
+            foreign.distance(vector.begin())
+
+
+def test_positions_are_checked_when_the_vector_has_changed(kind, vector):
+    position, end = vector.begin() + 2, vector.end()
+    iterator = iter(vector)
+    next(iterator)
+    vector.clear()
+    for use in [position.value, position.next, lambda: next(iterator), position.incr]:
+        with pytest.raises(StopIteration):
+            use()
+    with pytest.raises(IndexError):
+        vector.insert(end, kind.elements[0])
+
+
+def test_a_vector_may_grow_while_it_is_iterated(kind, vector):
+    seen = []
+    for element in vector:
+        seen.append(element)
+        if len(vector) < 100:
+            vector.append(element)
+    assert len(seen) == 100
+    assert kind.seen(seen[4:8]) == kind.seen(kind.elements)
+
+
+def test_places_to_insert_and_erase_are_checked(kind, vector):
+    other = kind.vector(kind.elements)
+    for wrong in [other.begin(), vector.rbegin(), slate.PluginVector().begin()]:
+        for use in [
+            lambda: vector.erase(wrong),
+            lambda: vector.erase(wrong, vector.end()),
+            lambda: vector.erase(vector.begin(), wrong),
+            lambda: vector.insert(wrong, kind.elements[0]),
+            lambda: vector.insert(wrong, 2, kind.elements[0]),
+        ]:
+            with pytest.raises(IndexError):
+                use()
+    for use in [
+        lambda: vector.erase(vector.end()),
+        lambda: vector.erase(vector.end(), vector.begin()),
+        lambda: kind.vector().erase(kind.vector().begin()),
+    ]:
+        with pytest.raises(IndexError):
+            use()
+    for wrong in [None, 0, "begin"]:
+        with pytest.raises((TypeError, ValueError)):
+            vector.erase(wrong)
+    assert kind.seen(vector) == kind.seen(kind.elements)
+    assert kind.identity(vector.erase(vector.begin()).value()) == kind.identity(kind.elements[1])
+    assert kind.identity(vector.insert(vector.begin(), kind.elements[0]).value()) == kind.identity(kind.elements[0])
+
+
+@pytest.mark.parametrize("member", ["front", "back", "pop", "pop_back"])
+def test_an_empty_vector_has_no_ends(kind, member):
+    with pytest.raises(IndexError):
+        getattr(kind.vector(), member)()
+
+
+@pytest.mark.parametrize("part", [slice(None), slice(1, 1), slice(0, 2), slice(4, 4), slice(None, None, -1)])
+def test_a_vector_assigned_to_a_slice_of_itself(kind, vector, part):
+    expected = kind.seen(kind.elements)
+    expected[part] = list(expected)
+    vector[part] = vector
+    assert kind.seen(vector) == expected
+
+
+def test_a_vector_swapped_with_itself(kind, vector):
+    vector.swap(vector)
+    assert kind.seen(vector) == kind.seen(kind.elements)
+
+
+@pytest.mark.skipif("PYTHONMALLOC" in os.environ, reason="sanitizers end the process for want of memory")
+def test_more_than_memory_holds(kind, vector):
+    for grow in [
+        lambda: kind.vector(2**62),
+        lambda: vector.reserve(2**62),
+        lambda: vector.resize(2**62, kind.elements[0]),
+        lambda: vector.insert(vector.begin(), 2**62, kind.elements[0]),
+    ]:
+        with pytest.raises((MemoryError, RuntimeError)):
+            grow()
+    assert kind.seen(vector) == kind.seen(kind.elements)
+
+
+@pytest.mark.parametrize("size", [-1, 2**64, 1.5, None])
+def test_sizes_are_sizes(kind, vector, size):
+    for use in [lambda: vector.reserve(size), lambda: kind.vector(size, kind.elements[0]), lambda: vector.resize(size)]:
+        with pytest.raises((TypeError, OverflowError)):
+            use()
 
 
 def test_swap(kind, vector):
