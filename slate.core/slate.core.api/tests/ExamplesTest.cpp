@@ -101,7 +101,7 @@ std::vector<std::string> blocksOfReadme(std::string const& language) {
     return blocks;
 }
 
-/// Finds the bundles as `./run` does.
+/// Finds the bundles as the command does, beside one another.
 class Examples : public testing::Test {
   protected:
     ObjectPtr load(std::string const& file, std::string const& model) {

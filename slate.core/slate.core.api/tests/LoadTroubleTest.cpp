@@ -150,10 +150,12 @@ TEST_F(LoadTrouble, ADirectoryWithoutRightsRefusesTheQuestionWhatExists) {
     expectUsable();
 }
 
-TEST_F(LoadTrouble, ANameThatIsTooLongIsRefusedAsExists) {
+TEST_F(LoadTrouble, ANameThatIsTooLongIsNotFound) {
     std::string const name(300, 'x');
-    EXPECT_EQ(loadThrows(name), "exists ROOT/" + name);
-    EXPECT_THAT(errors(context), IsEmpty());
+    EXPECT_EQ(loadThrows(name), "nothing");
+    EXPECT_EQ(textThrows("import \"" + name + "\"\n"), "nothing");
+    EXPECT_THAT(errors(context), ElementsAre("ROOT/" + name + ": 30009 0:0 'ROOT/" + name + "'",
+                                             "<no file>: 10023 1:8 '" + name + "'"));
     expectUsable();
 }
 

@@ -10,6 +10,8 @@ bool pathExists(fs::path const& path) {
         return false;
     std::error_code failure;
     auto const found = fs::status(path, failure);
+    if (failure == std::errc::filename_too_long)
+        return false;
     if (!fs::status_known(found))
         throw fs::filesystem_error("exists", path, failure);
     return fs::exists(found);

@@ -7,8 +7,9 @@
 
 namespace Slate::Bundle {
 
-/// False for a path with a NUL byte in it. Throws a `std::filesystem::filesystem_error` named "exists" on any
-/// failure but "not found".
+/// False for what no file can be called: a path with a NUL byte in it, and one that is too long for the
+/// system, so that no source can name an import that throws for its name alone. Throws a
+/// `std::filesystem::filesystem_error` named "exists" on any failure but "not found".
 bool pathExists(std::filesystem::path const& path);
 
 /// The status behind all links. Throws a `std::filesystem::filesystem_error` named "status" on any failure

@@ -25,10 +25,13 @@ constexpr auto root = "conveyor.InfeedLine";
 
 std::vector<Source> readExamples() {
     std::vector<Source> sources;
-    for (auto const& entry : std::filesystem::recursive_directory_iterator(SLATE_EXAMPLES)) {
-        auto const& path = entry.path();
-        if (path.extension() == ".slate" && path.filename() != "config.slate")
-            sources.push_back({path.lexically_relative(SLATE_EXAMPLES).generic_string(), readFile(path)});
+    for (auto const* const bundle : {"quantities", "drives", "conveyor"}) {
+        auto const directory = std::filesystem::path(SLATE_EXAMPLES) / bundle;
+        for (auto const& entry : std::filesystem::recursive_directory_iterator(directory)) {
+            auto const& path = entry.path();
+            if (path.extension() == ".slate" && path.filename() != "config.slate")
+                sources.push_back({path.lexically_relative(SLATE_EXAMPLES).generic_string(), readFile(path)});
+        }
     }
     std::ranges::sort(sources, {}, &Source::path);
     return sources;
@@ -50,7 +53,7 @@ void collectMember(Node& member, std::string const& model_name, Names& names) {
         return;
     auto const name = model_name + "." + attribute->getName();
     names.attributes.push_back(name);
-    if (attribute->getOperatorToken().type != TokenType::Becomes)
+    if (attribute->getOperatorType() != TokenType::Becomes)
         return;
     // Some read the one declaration of the attribute, and some the other.
     auto const redeclared = attribute->getTargetDeclarations().front();
