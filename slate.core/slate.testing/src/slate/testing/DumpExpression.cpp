@@ -20,20 +20,20 @@ namespace {
 /// Writes the part of a link that stands in front of its chain operand, or the whole of what is no link.
 class OpeningVisitor : public NodeVisitor {
   public:
-    explicit OpeningVisitor(std::string& out) : out_(out) {}
+    OpeningVisitor(std::string& out, Positions positions) : out_(out), positions_(positions) {}
 
     void visitConstant(ConstantPtr const& node) override {
-        out_ += dumpToken(node->getToken());
+        out_ += dumpToken(node->getToken(), positions_);
         auto const& first = node->getFirstToken();
         auto const& last = node->getLastToken();
-        if (first != node->getToken() || last != node->getToken())
+        if (positions_ == Positions::Shown && (first != node->getToken() || last != node->getToken()))
             fmt::format_to(std::back_inserter(out_), "[{}:{}-{}:{}]", first.line, first.column, last.line,
                            last.column);
     }
 
     void visitUnary(UnaryPtr const& node) override {
         fmt::format_to(std::back_inserter(out_), "({} {})", node->getOperatorToken().lexeme,
-                       dumpExpression(node->getOperand()));
+                       dumpExpression(node->getOperand(), positions_));
     }
 
     void visitArray(ArrayPtr const& node) override { writeList("(array", node->getElements()); }
@@ -54,38 +54,40 @@ class OpeningVisitor : public NodeVisitor {
     void writeList(char const* opening, vec<ExpressionPtr> const& elements) {
         out_ += opening;
         for (auto const& element : elements)
-            out_ += " " + dumpExpression(element);
+            out_ += " " + dumpExpression(element, positions_);
         out_ += ")";
     }
 
     std::string& out_;
+    Positions const positions_;
 };
 
 /// Writes the part of a link that stands behind its chain operand.
 class ClosingVisitor : public NodeVisitor {
   public:
-    explicit ClosingVisitor(std::string& out) : out_(out) {}
+    ClosingVisitor(std::string& out, Positions positions) : out_(out), positions_(positions) {}
 
     void visitBinaryOp(BinaryOpPtr const& node) override {
-        out_ += " " + dumpExpression(node->getRhs()) + ")";
+        out_ += " " + dumpExpression(node->getRhs(), positions_) + ")";
     }
 
     void visitCall(CallPtr const& node) override {
         for (auto const& argument : node->getArguments())
-            out_ += " " + dumpExpression(argument);
+            out_ += " " + dumpExpression(argument, positions_);
         out_ += ")";
     }
 
     void visitMemberAccess(MemberAccessPtr const& node) override {
-        out_ += " " + dumpToken(node->getNameToken()) + ")";
+        out_ += " " + dumpToken(node->getNameToken(), positions_) + ")";
     }
 
     void visitIndexing(IndexingPtr const& node) override {
-        out_ += " " + dumpExpression(node->getIndex()) + ")";
+        out_ += " " + dumpExpression(node->getIndex(), positions_) + ")";
     }
 
   private:
     std::string& out_;
+    Positions const positions_;
 };
 
 void writeSpan(std::string& out, Expression const& expression) {
@@ -96,10 +98,10 @@ void writeSpan(std::string& out, Expression const& expression) {
 
 } // namespace
 
-std::string dumpExpression(ExpressionPtr const& expression) {
+std::string dumpExpression(ExpressionPtr const& expression, Positions positions) {
     std::string out;
-    OpeningVisitor opening(out);
-    ClosingVisitor closing(out);
+    OpeningVisitor opening(out, positions);
+    ClosingVisitor closing(out, positions);
 
     vec<Expression*> chain;
     for (auto* link = expression.get(); link != nullptr; link = link->getChainOperand().get()) {
@@ -108,7 +110,7 @@ std::string dumpExpression(ExpressionPtr const& expression) {
     }
     for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
         (*link)->accept(closing);
-        if (!(*link)->isConstant())
+        if (positions == Positions::Shown && !(*link)->isConstant())
             writeSpan(out, **link);
     }
     return out;

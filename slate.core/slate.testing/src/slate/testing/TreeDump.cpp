@@ -16,21 +16,16 @@ namespace Slate::Testing {
 
 namespace {
 
-std::string dumpSegments(TokenVector const& segments) {
-    std::string text;
-    for (auto const& segment : segments)
-        text += (text.empty() ? "" : ".") + dumpToken(segment);
-    return text;
-}
-
 class DumpVisitor : public NodeVisitor {
   public:
+    explicit DumpVisitor(Positions positions) : positions_(positions) {}
+
     std::string takeText() { return std::move(text_); }
 
     void visitDocument(DocPtr const& node) override { writeAll(node->getMembers()); }
 
     void visitModelDeclaration(ModelDeclPtr const& node) override {
-        auto line = "model " + optional("", node->getQualifierToken(), " ") + dumpToken(node->getNameToken());
+        auto line = "model " + optional("", node->getQualifierToken(), " ") + dump(node->getNameToken());
         auto const qualifier = optional("", node->getExtendsQualifierToken(), " ");
         if (!qualifier.empty() || !node->getExtendsSegments().empty())
             line += " is " + qualifier + dumpSegments(node->getExtendsSegments());
@@ -48,7 +43,7 @@ class DumpVisitor : public NodeVisitor {
         if (node->isDeclaration())
             line += " " + dumpSegments(node->getTypeSegments());
         if (node->getValue())
-            line += ": " + dumpExpression(node->getValue());
+            line += ": " + dumpExpression(node->getValue(), positions_);
         writeLine(line);
         Indentation const indentation(*this);
         writeAll(node->getAnnotations());
@@ -56,30 +51,30 @@ class DumpVisitor : public NodeVisitor {
     }
 
     void visitMethodDeclaration(MethodDeclPtr const& node) override {
-        writeLine("method " + optional("", node->getStaticToken(), " ") + dumpToken(node->getNameToken()) +
+        writeLine("method " + optional("", node->getStaticToken(), " ") + dump(node->getNameToken()) +
                   returnType(node->getReturnSegments()));
         Indentation const indentation(*this);
         writeAll(node->getParameters());
     }
 
     void visitOperatorOverload(OpOverloadPtr const& node) override {
-        writeLine("operator " + dumpToken(node->getOperatorToken()) + returnType(node->getReturnSegments()));
+        writeLine("operator " + dump(node->getOperatorToken()) + returnType(node->getReturnSegments()));
         Indentation const indentation(*this);
         writeAll(node->getParameters());
     }
 
     void visitParameter(ParamPtr const& node) override {
-        writeLine("parameter " + dumpToken(node->getNameToken()) + ": " +
-                  dumpSegments(node->getTypeSegments()));
+        writeLine("parameter " + dump(node->getNameToken()) + ": " + dumpSegments(node->getTypeSegments()));
     }
 
     void visitAnnotation(AnnotationPtr const& node) override {
-        writeLine("annotation " + dumpToken(node->getNameToken()) + ": " + dumpExpression(node->getValue()));
+        writeLine("annotation " + dump(node->getNameToken()) + ": " +
+                  dumpExpression(node->getValue(), positions_));
     }
 
     void visitImport(ImportPtr const& node) override {
         auto const& alias = node->getAliasSegments();
-        writeLine("import " + dumpToken(node->getPathToken()) +
+        writeLine("import " + dump(node->getPathToken()) +
                   (alias.empty() ? "" : " as " + dumpSegments(alias)));
         Indentation const indentation(*this);
         writeAll(node->getAnnotations());
@@ -110,11 +105,20 @@ class DumpVisitor : public NodeVisitor {
         std::string& indentation_;
     };
 
-    static std::string optional(char const* before, Token const& token, char const* behind) {
-        return token.type == TokenType::None ? "" : before + dumpToken(token) + behind;
+    std::string dump(Token const& token) const { return dumpToken(token, positions_); }
+
+    std::string dumpSegments(TokenVector const& segments) const {
+        std::string text;
+        for (auto const& segment : segments)
+            text += (text.empty() ? "" : ".") + dump(segment);
+        return text;
     }
 
-    static std::string returnType(TokenVector const& segments) {
+    std::string optional(char const* before, Token const& token, char const* behind) const {
+        return token.type == TokenType::None ? "" : before + dump(token) + behind;
+    }
+
+    std::string returnType(TokenVector const& segments) const {
         return segments.empty() ? "" : " -> " + dumpSegments(segments);
     }
 
@@ -126,14 +130,15 @@ class DumpVisitor : public NodeVisitor {
             node->accept(*this);
     }
 
+    Positions const positions_;
     std::string text_;
     std::string indentation_;
 };
 
 } // namespace
 
-std::string dumpTree(Document& document) {
-    DumpVisitor visitor;
+std::string dumpTree(Document& document, Positions positions) {
+    DumpVisitor visitor(positions);
     document.accept(visitor);
     return visitor.takeText();
 }

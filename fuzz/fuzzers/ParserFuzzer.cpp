@@ -1,0 +1,8 @@
+// Fuzzes the scanner and the parser.
+
+#include "Fuzzer.h"
+#include "slate/fuzz/Properties.h"
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
+    return Slate::Fuzz::runCheck(data, size, Slate::Fuzz::checkParsing);
+}

@@ -1,0 +1,89 @@
+#include "slate/fuzz/ErrorPlaces.h"
+
+#include "slate/testing/ErrorDump.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace Slate::Fuzz {
+
+namespace {
+
+constexpr std::size_t width_of_what_is_missing = 2;
+constexpr char const* triple_quote = R"(""")";
+constexpr error_code_t first_code_of_analysis = 20001;
+
+/// The lines of a text as the scanner counts them: the byte behind one that begins no token is lost to it,
+/// even a line feed.
+class Lines {
+  public:
+    Lines(std::string const& source_id, std::string text, Errors const& errors) : text_(std::move(text)) {
+        countLines();
+        for (auto const& error : errors) {
+            if (error->getErrorCode() == ErrUnknownCharacter && error->getSourceId() == source_id)
+                loseByteAt(error->getLine(), error->getColumn());
+        }
+    }
+
+    bool hasPlaceOf(Error const& error) const {
+        auto const line = error.getLine();
+        auto const column = error.getColumn();
+        if (line < 1 || line > lengths_.size() || column < 1)
+            return false;
+        if (error.getErrorCode() == ErrBadExpression) {
+            bool const may_span_lines = text_.find(triple_quote) != std::string::npos;
+            return column <= (may_span_lines ? text_.size() : *std::ranges::max_element(lengths_)) + 1;
+        }
+        auto const margin = error.getErrorCode() < first_code_of_analysis ? width_of_what_is_missing : 0;
+        return column <= lengths_[line - 1] + 1 + margin;
+    }
+
+  private:
+    void countLines() {
+        lengths_.assign(1, 0);
+        for (char const byte : text_) {
+            if (byte == '\n')
+                lengths_.push_back(0);
+            else
+                ++lengths_.back();
+        }
+    }
+
+    void loseByteAt(line_t line, col_t column) {
+        if (line < 1 || line > lengths_.size())
+            return;
+        std::size_t place = column - 1;
+        for (std::size_t i = 0; i + 1 < line; ++i)
+            place += lengths_[i] + 1;
+        // Behind "@" nothing is lost. At the end of the text there is nothing to lose, but a column counts
+        // all the same.
+        if (place == 0 || text_[place - 1] == '@')
+            return;
+        if (place == text_.size())
+            text_ += ' ';
+        else if (place < text_.size() && text_[place] == '\n')
+            text_[place] = ' ';
+        countLines();
+    }
+
+    std::string text_;
+    std::vector<std::size_t> lengths_;
+};
+
+} // namespace
+
+std::string describeMisplaced(Errors const& errors, SourceTexts const& sources) {
+    std::string description;
+    for (auto const& [id, text] : sources) {
+        Lines const lines(id, text, errors);
+        for (auto const& error : errors) {
+            bool const has_place = error->getLine() != 0 || error->getColumn() != 0;
+            if (error->getSourceId() == id && has_place && !lines.hasPlaceOf(*error))
+                description += Testing::dumpError(*error, true) + "\n";
+        }
+    }
+    return description;
+}
+
+} // namespace Slate::Fuzz
