@@ -1,0 +1,54 @@
+"""The sources before and after a change, compared."""
+
+from __future__ import annotations
+
+from slate.checking import Unit
+from slate.diagnostics import Diagnostic
+from slate.renaming.members import Members
+from slate.renaming.plan import Plan
+from slate.renaming.snapshot import OldNames, Snapshot, differences, take_snapshot
+from slate.renaming.workspace import Loaded, Options, Workspace
+
+
+class Verification:
+    """Knows what all sources meant, and can compare it with what they mean now."""
+
+    def __init__(self, workspace: Workspace, plan: Plan, options: Options) -> None:
+        """To be made before anything is written."""
+        self._plan = plan
+        self._options = options
+        self._names = _old_names(workspace, plan)
+        self._before: list[tuple[Unit, Snapshot]] = []
+        for facts in workspace.facts:
+            self._before.append((facts.loaded.unit, take_snapshot(facts.loaded)))
+
+    def differences(self) -> list[Diagnostic]:
+        """What is not as it was. Loads everything again; raises OSError and RuntimeError if it cannot."""
+        found: list[Diagnostic] = []
+        for unit, before in self._before:
+            loaded = Loaded(self._unit_after(unit), self._options)
+            found += differences(before, take_snapshot(loaded, self._names))
+        return found
+
+    def _unit_after(self, unit: Unit) -> Unit:
+        return Unit(unit.bundle, {self._plan.path_after(file) for file in unit.files})
+
+
+def _old_names(workspace: Workspace, plan: Plan) -> OldNames:
+    change = plan.change
+    known = [item for facts in workspace.facts for item in facts.globals]
+    globals_before = {".".join(change.after(item).full_name): ".".join(item.full_name) for item in known}
+    members = Members(workspace.declarations)
+    members_before: dict[tuple[str, str], str] = {}
+    for key, new_name in change.names.items():
+        declaration = workspace.declarations[key]
+        if declaration.kind == "variable":
+            members_before["", new_name] = declaration.name
+        elif declaration.kind == "attribute" and declaration.owner is not None:
+            for model in members.models_with(declaration.owner):
+                members_before[workspace.declarations[model].qualified, new_name] = declaration.name
+    return OldNames(
+        lambda name: globals_before.get(name, name),
+        lambda model, name: members_before.get((model, name), name),
+        plan.path_before,
+    )
