@@ -16,12 +16,14 @@ _PLAIN_TYPES = {"Real", "Int", "Bool", "String"}
 
 _LANDS_ON = "models have annotations, and attributes whose type is a model"
 
+_CONSTANTS = "constants get their values in their own model; what is to differ is a const model that extends it"
+
 #: An annotation for those who read the source: it is never printed.
 _DOCUMENTATION = "doc"
 
 
 def find_dropped(document: Document) -> Iterator[Diagnostic]:
-    """A warning for each `delete`, annotation of a plain value and `external` that changes nothing.
+    """A warning for each `delete`, `external`, annotation and value of a constant that changes nothing.
 
     The document must be analysed: before that the types are not known.
     """
@@ -38,6 +40,7 @@ def find_dropped(document: Document) -> Iterator[Diagnostic]:
         elif node.getKind() in ("document", "model", "attribute", "assignment"):
             children = node.getChildren()
             yield from _dropped_annotations(node, children)
+            yield from _dropped_values(node, children)
             work.extend(children)
 
 
@@ -67,6 +70,20 @@ def _dropped_annotations(owner: TreeNode, children: list[TreeNode]) -> Iterator[
         elif before is not None and where.line > before.line and where.column - 1 > before.column:
             message = f"the annotation `.{name}` lands on `{owner.getName()}`, not on what stands above it"
             yield _warning("annotation", where, message, "what has a value on its own line has no body")
+
+
+def _dropped_values(owner: TreeNode, children: list[TreeNode]) -> Iterator[Diagnostic]:
+    """Those in the body with which an attribute of a const model is declared."""
+    if owner.getKind() != "attribute":
+        return
+    constant = next((child.getTarget() for child in children if child.getKind() == "type"), None)
+    if constant is None or not constant.isConst():
+        return
+    for child in children:
+        if child.getKind() == "assignment":
+            kind = f"`{owner.getName()}` is the constant `{constant.getName()}`"
+            message = f"the value of `{child.getName()}` is dropped: {kind}"
+            yield _warning("constant", child.getNameRange(), message, _CONSTANTS)
 
 
 def _is_plain(type_text: str) -> bool:

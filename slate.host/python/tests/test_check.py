@@ -277,6 +277,35 @@ def test_warnings_for_what_is_dropped(run: Run, write: Write) -> None:
     assert "the annotation `.unit` lands on `OpenTank`, not on what stands above it" in text
 
 
+CONSTANTS = """\
+const Steel:
+    density is Real: 7850
+    name is String: "steel"
+
+const Alloy is Steel:
+    density: 8000
+
+Beam:
+    material is Steel:
+        density: 7000
+        name: "alloy"
+    other is Steel
+    many is Steel[]: [Steel, Alloy]
+"""
+
+
+def test_warnings_for_values_of_constants(run: Run, write: Write) -> None:
+    write("beam.slate", CONSTANTS)
+    done = run("check", "beam.slate", "--format", "json")
+    found = [
+        (it["severity"], it["rule"], it["place"]["line"], it["place"]["column"], it["place"]["end_column"])
+        for it in json.loads(done.output)
+    ]
+    assert found == [("warning", "constant", 10, 9, 16), ("warning", "constant", 11, 9, 13)]
+    assert done.status == 0
+    assert "the value of `density` is dropped: `material` is the constant `Steel`" in run("check", "beam.slate").output
+
+
 def test_natives_are_no_mistakes(run: Run) -> None:
     done = run("check", EXAMPLES / "conveyor" / "sizing.slate", "--all-models", "--format", "json")
     assert done.status == 0, done.output

@@ -65,15 +65,12 @@ std::string circleWords(Circles const& found) {
     std::size_t count = 0;
     for (auto const& circle : found.circles)
         count += circle.size();
-    bool const is_one = found.circles.size() == 1;
-    std::string words;
+    auto words = fmt::format("{} values depend on themselves, in {} circles", count, found.circles.size());
+    auto const& first = *found.circles.front().front();
     if (count == 1)
-        words = fmt::format("the value of {} depends on itself",
-                            quoted(found.circles.front().front()->toMemberString()));
-    else if (is_one)
+        words = fmt::format("the value of {} depends on itself", quoted(first.toMemberString()));
+    else if (found.circles.size() == 1)
         words = fmt::format("{} values depend on one another in a circle", count);
-    else
-        words = fmt::format("{} values depend on themselves, in {} circles", count, found.circles.size());
     if (found.followers == 0)
         return words;
     return words + fmt::format(", and {} more {} on {}", found.followers,
@@ -85,12 +82,11 @@ void noteMember(Site const& site, Diagnostic& diagnostic, Circles const& found, 
                 TopologicalPath const& member) {
     bool const is_alone = found.circles[position].size() == 1;
     auto const name = quoted(member.toMemberString());
-    std::string words;
-    if (found.circles.size() > 1)
-        words =
-            is_alone ? name + " depends on itself" : fmt::format("{} is in circle {}", name, position + 1);
-    else
-        words = is_alone ? "it is computed here" : name + " is one of them";
+    auto words = is_alone ? "it is computed here" : name + " is one of them";
+    if (found.circles.size() > 1 && is_alone)
+        words = name + " depends on itself";
+    else if (found.circles.size() > 1)
+        words = fmt::format("{} is in circle {}", name, position + 1);
     addNote(diagnostic, valuePlace(site, member), std::move(words));
 }
 

@@ -117,7 +117,9 @@ void describeExpectedTrait(Site const& site, Diagnostic& diagnostic) {
         return;
     addNote(diagnostic, placeOf(site.workspace, *named),
             fmt::format("{} is declared as a model here", quoted(named->getName())));
-    if (is_entry)
+    if (auto const trait = nearestType(site, name, WantedType::Trait); !trait.empty())
+        suggest(diagnostic, trait);
+    else if (is_entry)
         diagnostic.hint = fmt::format("put `trait` in front of {} where it is declared, or extend it by {}",
                                       quoted(named->getName()), quoted("is " + name));
 }
