@@ -37,16 +37,18 @@ class Declarations:
     """
 
     def __init__(self, document: Document) -> None:
-        from slate.core import host
-
-        root = host.viewDocument(document)
-        members = root.getChildren() if root is not None else []
+        members = _members_of(document)
         #: The models that stand in the document itself.
         self.own_models = [member for member in members if member.getKind() == "model"]
         self._models: dict[TreeNode, list[Given]] = {}
         self._variables: dict[TreeNode, list[Given]] = {}
         self._given: dict[TreeNode, Given] = {}
-        self._reach([member for member in members if member.getKind() in ("model", "attribute")])
+        self._lineages: dict[TreeNode, list[TreeNode]] = {}
+        self._reach(members)
+
+    def add(self, document: Document) -> None:
+        """Adds what can be reached from another document."""
+        self._reach(_members_of(document))
 
     def models(self) -> list[TreeNode]:
         """All models, those of the document first."""
@@ -72,17 +74,19 @@ class Declarations:
         """The model with that name and namespace."""
         return next((model for model in self._models if model.getQualifiedName() == qualified_name), None)
 
-    def lineage(self, model: TreeNode) -> Iterator[TreeNode]:
+    def lineage(self, model: TreeNode) -> list[TreeNode]:
         """The model, its traits, what it extends, and so on: each once, the nearest first."""
-        seen = set()
-        work = [model]
-        while work:
-            nearest = work.pop(0)
-            if nearest in seen:
-                continue
-            seen.add(nearest)
-            yield nearest
-            work[:0] = [*mixed_in(nearest), *base_of(nearest)]
+        known = self._lineages.get(model)
+        if known is None:
+            met: dict[TreeNode, None] = {}
+            work = [model]
+            while work:
+                nearest = work.pop()
+                if nearest not in met:
+                    met[nearest] = None
+                    work += reversed([*mixed_in(nearest), *base_of(nearest)])
+            known = self._lineages[model] = list(met)
+        return known
 
     def _reach(self, work: list[TreeNode]) -> None:
         while work:
@@ -108,6 +112,14 @@ def declarations_of(
     analysis = core.analyze(context, None) if document is not None else None
     declarations = Declarations(document) if document is not None and analysis is not None else None
     return declarations, describe(context)
+
+
+def _members_of(document: Document) -> list[TreeNode]:
+    """The models and variables of a document."""
+    from slate.core import host
+
+    root = host.viewDocument(document)
+    return [] if root is None else [node for node in root.getChildren() if node.getKind() in ("model", "attribute")]
 
 
 def _given_below(member: TreeNode) -> Iterator[Given]:

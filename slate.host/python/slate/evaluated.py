@@ -89,15 +89,12 @@ class EvaluatedObjects:
 
     def _adopt(self, top: Object) -> None:
         """Notes where each object below was made, which is what its name says."""
-        prefix = name_of(self.root)
         work: list[Value] = [top]
         seen = {id(top)}
         while work:
             value = work.pop()
             if isinstance(value, Object):
-                path = name_of(value)
-                if path == prefix or path.startswith(f"{prefix}."):
-                    path = self.root_path + path.removeprefix(prefix)
+                path = self._path_of(name_of(value))
                 if path:
                     self._objects.setdefault(path, value)
                     self._paths[id(value)] = path
@@ -106,6 +103,14 @@ class EvaluatedObjects:
                 if isinstance(part, (Object, list)) and id(part) not in seen:
                     seen.add(id(part))
                     work.append(part)
+
+    def _path_of(self, name: str) -> str:
+        """The path that the name of an object stands for. The root lends its name to the objects of variables."""
+        prefix = name_of(self.root)
+        below = name.removeprefix(f"{prefix}.")
+        if below == name:
+            return self.root_path if name == prefix else name
+        return f"{self.root_path}.{below}" if below.partition(".")[0] in self._declared else below
 
 
 def _qualified_model(thing: CoreObject) -> str:

@@ -4,68 +4,20 @@ from __future__ import annotations
 
 import re
 from collections.abc import Iterable
-from dataclasses import dataclass, field
-from typing import TYPE_CHECKING, NamedTuple
+from dataclasses import dataclass
+from typing import TYPE_CHECKING
 
 from slate.declarations import Declarations, expression_of
 from slate.diagnostics import Diagnostic, Place, place_from_core
 from slate.evaluated import EvaluatedObjects, Reader, Spot, names_read_by
+from slate.explanations import Explanation, Origin, Part, Read
 from slate.loading import AnyPath, context_for, describe, last_model, parse_file
-from slate.objects import _STEP, Object, Value, annotations_of, model_of
+from slate.objects import _STEP, Object, annotations_of, model_of
 from slate.source_text import SourceText
 
 if TYPE_CHECKING:
+    from CorePythonSwig import Document, SlateContext
     from SlateHostSwig import EvaluationStep, TreeNode
-
-
-@dataclass(frozen=True)
-class Given:
-    """A line that gives a value."""
-
-    #: Of the expression; of the whole where there is none.
-    place: Place
-    #: The expression as it is written, in one line.
-    text: str
-
-
-class Read(NamedTuple):
-    """What an expression reads."""
-
-    #: The key of the part.
-    key: str
-    #: The path that leads there from what is evaluated: another one if an attribute on the way only refers to it.
-    said: str
-
-
-@dataclass
-class Part:
-    """A value, and where it comes from."""
-
-    #: As `slate eval` has it.
-    path: str
-    value: Value
-    #: What gives it. Nothing for the objects that attributes are made of, and for what has no value.
-    given: Given | None = None
-    #: Does the expression hold nothing but the value itself?
-    is_literal: bool = False
-    #: What it goes before, strongest first.
-    overridden: list[Given] = field(default_factory=list)
-    #: Where the attribute is declared, if nothing gives it.
-    declared: Place | None = None
-    #: What the expression reads, in its order, each once.
-    reads: list[Read] = field(default_factory=list)
-
-
-@dataclass(frozen=True)
-class Explanation:
-    """Where one value comes from, with all that it was made of, down to literals."""
-
-    #: The value itself.
-    top: Read
-    #: Each part once, by its key, the nearest first.
-    parts: dict[str, Part]
-    #: How far each part is from the value.
-    depths: dict[str, int]
 
 
 class AttributeMissing(Exception):
@@ -108,6 +60,8 @@ def explain(
     core_model = root.getType() if root is not None else None
     if document is not None and root is not None and core_model is not None:
         declarations = Declarations(document)
+        for other in _documents_of(context).values():
+            declarations.add(other)
         objects = EvaluatedObjects(context, root, declarations)
         explainer = _Explainer(declarations, objects, host.evaluationOrder(core_model))
         try:
@@ -115,6 +69,13 @@ def explain(
         except AttributeMissing as failure:
             raise AttributeMissing(str(failure), describe(context)) from None
     return Explained(explanation, describe(context))
+
+
+def _documents_of(context: SlateContext) -> dict[str, Document]:
+    """Where the models of all objects stand, by the ids of the sources: variables of other files hold some, too."""
+    models = [thing.getType() for thing in context.getRegisteredObjects()]
+    documents = [model.getOwningDocument() for model in models if model is not None]
+    return {document.getSourceId(): document for document in documents if document is not None}
 
 
 class _Explainer:
@@ -183,9 +144,11 @@ class _Explainer:
         root = self._objects.top_spot
         if self._objects.top(path.partition(".")[0].partition("[")[0]) is not None:
             return root, 0
-        ends = [dot.start() for dot in re.finditer(r"\.|$", path)]
-        found = ((self._objects.at(path[:end]), end) for end in ends)
-        return next(((spot, end) for spot, end in found if spot is not None and spot.value is not root.value), (root, 0))
+        for dot in re.finditer(r"\.|$", path):
+            spot = self._objects.at(path[: dot.start()])
+            if spot is not None and spot.value is not root.value:
+                return spot, dot.start()
+        return root, 0
 
     def _annotation(self, spot: Spot) -> Part:
         owner, _, name = spot.path.rpartition(".")
@@ -193,7 +156,7 @@ class _Explainer:
         shown = "" if owner == self._objects.root_path else self._objects.shown(owner) + "."
         part = Part(f"{shown}.{name}", spot.value, is_literal=True)
         if step is not None:
-            part.given = self._given(step.assignment)
+            part.given = self._origin(step.assignment)
         return part
 
     def _part(self, spot: Spot) -> tuple[Part, list[Spot]]:
@@ -206,15 +169,14 @@ class _Explainer:
         expression = expression_of(step.assignment)
         given = self._declarations.find(step.assignment)
         if expression is None:
+            part.declared = place_from_core(step.assignment.getNameRange())
             return part, []
         expression, rest = self._descend(expression, rest, spot)
-        part.given = self._given(step.assignment, expression)
-        part.overridden = [self._given(node) for node in step.overridden]
+        part.given = self._origin(step.assignment, expression)
+        part.overridden = [self._origin(node) for node in step.overridden]
         part.is_literal = _is_literal(expression)
-        if given is None or given.owner is None:
-            scope = ""
-        else:
-            scope = step.path.removesuffix(f".{given.path}")
+        # Names mean what they do in the model in which the line stands, not in the object that it gives a value.
+        scope = "" if given is None or given.owner is None else step.path.removesuffix(f".{given.path}")
         reader = Reader(self._objects, scope)
         read: dict[str, Spot] = {}
         for name in names_read_by(expression):
@@ -230,8 +192,8 @@ class _Explainer:
             step = self._steps.get((path[:end], False))
             if step is not None:
                 return step, path[end:]
-            # Only what stands in brackets has no step of its own.
-            if "[" not in path[:end]:
+            # What is in an object that was made in brackets has no step of its own; others have no step themselves.
+            if self._objects.object_at(path[:end]) is not None:
                 break
             end = max(path.rfind(".", 0, end), path.rfind("[", 0, end))
         return None, ""
@@ -259,12 +221,12 @@ class _Explainer:
         spot = self._walk(self._objects.shown(path.removesuffix(rest)))
         return spot.value if isinstance(spot.value, Object) else None
 
-    def _given(self, node: TreeNode, expression: TreeNode | None = None) -> Given:
+    def _origin(self, node: TreeNode, expression: TreeNode | None = None) -> Origin:
         expression = expression or expression_of(node)
         if expression is None:
-            return Given(place_from_core(node.getRange()), "")
+            return Origin(place_from_core(node.getRange()), "")
         place = self._text.extended(place_from_core(expression.getRange()))
-        return Given(place, self._text.at(place))
+        return Origin(place, self._text.at(place))
 
     def _declaration(self, path: str) -> Place | None:
         """Where the attribute is declared that is given no value."""

@@ -159,13 +159,21 @@ class _Builder:
                 return self._model(target)
             if is_variable(target):
                 return self._variable(target)
-            declared = self._declarations.find(target)
-            owners = [(given.owner, _dotted(part)), (declared.owner if declared else None, target.getName())]
-            nodes = [Node(owner.getQualifiedName(), path) for owner, path in owners if owner is not None]
-            found = next((node for node in nodes if self._graph.has(node)), None)
+            found = next((node for node in self._places_of(part, given) if self._graph.has(node)), None)
             if found is not None:
                 return found
         return None
+
+    def _places_of(self, part: TreeNode, given: Given) -> Iterator[Node]:
+        """Where the attribute could get its value, the nearest first: in the model that reads it, in what it extends
+        and mixes in, and in the same way in the model of what holds the attribute."""
+        for model in self._declarations.lineage(given.owner) if given.owner is not None else ():
+            yield Node(model.getQualifiedName(), _dotted(part))
+        front = next((node for node in path_of(part)[1:] if node.getKind() != "index"), None)
+        holder = front.getTarget() if front is not None else None
+        for held in type_of(holder) if holder is not None else ():
+            for model in self._declarations.lineage(held):
+                yield Node(model.getQualifiedName(), part.getName())
 
 
 def _names_read(given: Given) -> list[TreeNode]:

@@ -61,7 +61,7 @@ class Generator:
             f"    dependencies: [{needed}]",
         ]
         self._namespaces = [(bundle,), (bundle, "parts"), (bundle, "parts", "inner"), (bundle, f"more{index}")]
-        for _ in range(4):
+        for _ in range(2):
             for add in (self._add_variable, self._add_simple, self._add_constant, self._add_trait, self._add_model):
                 add(self._random.choice(self._namespaces))
         self._add_natives((bundle,))

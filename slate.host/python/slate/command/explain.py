@@ -11,7 +11,7 @@ import click
 from slate.command.options import complete_model, prepare_core, search_path_option, verbose_option
 
 if TYPE_CHECKING:
-    from slate.explaining import Explanation, Part
+    from slate.explanations import Explanation, Part
 
 EPILOG = """\b
 Examples:
@@ -27,7 +27,7 @@ Examples:
 @click.argument("attribute")
 @click.option("--model", metavar="M", shell_complete=complete_model, help="The model; else the last that is no trait.")
 @search_path_option
-@click.option("--depth", metavar="N", type=click.IntRange(0), help="Follow what is read N steps; else down to literals.")
+@click.option("--depth", metavar="N", type=click.IntRange(0), help="Follow what is read N steps; else to literals.")
 @click.option("--format", "output_format", type=click.Choice(["text", "json"]), default="text", help="How to print.")
 @verbose_option
 def explain(

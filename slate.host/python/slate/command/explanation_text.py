@@ -9,7 +9,7 @@ from slate.command.output import scalar
 from slate.command.report_text import shown_path
 from slate.command.styles import Paint, Piece, line_of
 from slate.excerpts import Sources, excerpt
-from slate.explaining import Explanation, Given, Part, Read
+from slate.explanations import Explanation, Origin, Part, Read
 from slate.objects import Object, Value, model_of
 
 _GUTTER = "bold blue"
@@ -21,6 +21,10 @@ _VALUE_WIDTH = 40
 _NAME_WIDTH = 80
 
 _DIGITS = 6
+
+#: How deep a tree becomes: its lines grow with every level.
+_LEVELS = 100
+_LEVEL_WIDTH = 4
 
 
 class _Row(NamedTuple):
@@ -51,22 +55,22 @@ class ExplanationText:
     def _pieces(self) -> Iterator[list[Piece]]:
         top = self._explanation.top
         part = self._explanation.parts[top.key]
+        origin = _origin_of(part)
+        places = [] if origin is None else [origin.place, *(other.place for other in part.overridden)]
+        width = max((len(str(place.line)) for place in places), default=0)
         yield [(_named(part, top.said), _BOLD), (" = ", ""), (_text_of(part.value), _style_of(part.value))]
-        if part.given is not None:
-            yield from self._lines_of(part.given, "^", "bold green")
-        elif part.declared is not None:
-            yield from self._lines_of(Given(part.declared, ""), "^", "bold green")
-        for given in part.overridden:
+        if origin is not None:
+            yield from self._lines_of(origin, width, "^", "bold green")
+        for other in part.overridden:
             yield [("overrides", _BOLD)]
-            yield from self._lines_of(given, "-", "bold yellow")
+            yield from self._lines_of(other, width, "-", "bold yellow")
         if part.reads:
             yield []
             yield from self._table(list(self._rows()))
 
-    def _lines_of(self, given: Given, mark: str, style: str) -> Iterator[list[Piece]]:
-        place = given.place
-        width = len(str(place.line))
-        yield [(f"{'':{width}}--> ", _GUTTER), (f"{self._file_and_line(given)}:{self._column(given)}", "")]
+    def _lines_of(self, origin: Origin, width: int, mark: str, style: str) -> Iterator[list[Piece]]:
+        place = origin.place
+        yield [(f"{'':{width}}--> ", _GUTTER), (f"{self._file_and_line(origin)}:{self._column(origin)}", "")]
         shown = excerpt(self._sources, place)
         if shown is None:
             return
@@ -74,11 +78,11 @@ class ExplanationText:
         yield [(f"{place.line:{width}} | ", _GUTTER), (shown.text, "")]
         yield [(f"{'':{width}} | ", _GUTTER), (" " * shown.mark, ""), (mark * shown.mark_width, style)]
 
-    def _column(self, given: Given) -> int:
-        return self._sources.character_column(given.place, given.place.column)
+    def _column(self, origin: Origin) -> int:
+        return self._sources.character_column(origin.place, origin.place.column)
 
-    def _file_and_line(self, given: Given) -> str:
-        return f"{shown_path(given.place.source_id)}:{given.place.line}"
+    def _file_and_line(self, origin: Origin) -> str:
+        return f"{shown_path(origin.place.source_id)}:{origin.place.line}"
 
     def _rows(self) -> Iterator[_Row]:
         """Depth first, each part in full where it comes first."""
@@ -105,19 +109,17 @@ class ExplanationText:
             work += reversed(self._branches(part, below))
 
     def _branches(self, part: Part, below: str) -> list[tuple[Read, str, str]]:
-        reads = [read for read in part.reads if read.key in self._explanation.parts]
+        is_end = len(below) >= _LEVELS * _LEVEL_WIDTH
+        reads = [] if is_end else [read for read in part.reads if read.key in self._explanation.parts]
         if len(reads) < len(part.reads):
             reads.append(Read("", ""))
-        last = len(reads) - 1
-        return [
-            (read, below + ("└── " if index == last else "├── "), below + ("    " if index == last else "│   "))
-            for index, read in enumerate(reads)
-        ]
+        branches = [("├── ", "│   ")] * (len(reads) - 1) + [("└── ", "    ")]
+        return [(read, below + here, below + next_ones) for read, (here, next_ones) in zip(reads, branches)]
 
     def _row(self, branch: str, name: str, part: Part, met: tuple[bool, bool]) -> _Row:
         """``met``: is the part being followed right now, was it before?"""
-        given = part.given or (None if part.declared is None else Given(part.declared, ""))
-        place = "" if given is None else self._file_and_line(given)
+        origin = _origin_of(part)
+        place = "" if origin is None else self._file_and_line(origin)
         value = _text_of(part.value)
         if met[0]:
             return _Row(branch, name, value, place, "reads itself")
@@ -127,8 +129,8 @@ class ExplanationText:
 
     def _overridden(self, part: Part, below: str) -> Iterator[_Row]:
         branch = below + ("│   " if part.reads else "    ")
-        for given in part.overridden:
-            yield _Row(branch, "overrides", "", self._file_and_line(given), given.text)
+        for other in part.overridden:
+            yield _Row(branch, "overrides", "", self._file_and_line(other), other.text)
 
     def _table(self, rows: list[_Row]) -> Iterator[list[Piece]]:
         name_width = max((len(row.branch + row.name) for row in rows), default=0)
@@ -146,6 +148,11 @@ class ExplanationText:
                 (f"{row.place:{place_width}}  ", _DIM),
                 (row.expression, ""),
             ]
+
+
+def _origin_of(part: Part) -> Origin | None:
+    """What gives the value; where the attribute is declared if nothing does."""
+    return part.given or (None if part.declared is None else Origin(part.declared, ""))
 
 
 def _named(part: Part, said: str) -> str:

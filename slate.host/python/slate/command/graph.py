@@ -52,10 +52,10 @@ def graph(
     """
     prepare_core(verbose)
     from slate import graphs
+    from slate.command.graph_text import GraphText
     from slate.command.mistakes import print_mistakes
     from slate.command.report_text import shown_path
     from slate.declarations import declarations_of
-    from slate.graph_text import GraphText
 
     declarations, errors = declarations_of(file, search_paths)
     if declarations is not None:
@@ -81,7 +81,7 @@ def _print(lines: Iterable[str], output_format: str) -> None:
 
     program = shutil.which("dot")
     if program is None:
-        raise click.UsageError("SVG needs the program `dot` of Graphviz, which is not there; --format dot needs nothing.")
+        raise click.UsageError("SVG needs the program `dot` of Graphviz, which is not there; the format dot does not.")
     text = "".join(f"{line}\n" for line in lines)
     done = subprocess.run([program, "-Tsvg"], input=text.encode("utf-8", "replace"), capture_output=True, check=False)
     if done.returncode != 0:

@@ -15,7 +15,7 @@ if TYPE_CHECKING:
     from slate.diagnostics import Diagnostic
     from slate.excerpts import Sources
     from slate.renaming.plan import Plan
-    from slate.renaming.workspace import Workspace
+    from slate.renaming.workspace import Options, Workspace
 
 Function = TypeVar("Function", bound=Callable[..., Any])
 
@@ -50,7 +50,7 @@ def carry_out(
         count = workspace.count_mistakes()
         plan = make_plan(workspace)
         if write:
-            _write(workspace, plan, options, sources)
+            _write(workspace, plan, options, sources, is_bar_wanted=not verbose)
         else:
             _show(plan)
     except NothingNamed as failure:
@@ -68,15 +68,20 @@ def carry_out(
     return 0
 
 
-def _write(workspace: Workspace, plan: Plan, options: Any, sources: Sources) -> None:
+def _write(workspace: Workspace, plan: Plan, options: Options, sources: Sources, is_bar_wanted: bool) -> None:
+    from slate.checking import no_step
     from slate.command.output import write_lines
+    from slate.command.progress import progress_on
     from slate.renaming.verification import Verification
     from slate.renaming.writing import write
 
-    verification = Verification(workspace, plan, options)
+    with progress_on(sys.stderr, is_bar_wanted) as bar:
+        verification = Verification(workspace, plan, options, bar.on_step if bar else no_step)
 
     def find_differences() -> list[Diagnostic]:
-        found = verification.differences()
+        # A bar has a thread, which takes signals unless it begins when they are blocked: so this is another one.
+        with progress_on(sys.stderr, is_bar_wanted) as bar:
+            found = verification.differences(bar.on_step if bar else no_step)
         for mistake in found:  # The lines are as they are shown only until all is taken back.
             for place in (mistake.place, *(note.place for note in mistake.notes)):
                 sources.line(place.source_id, place.line)

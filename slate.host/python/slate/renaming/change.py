@@ -10,7 +10,7 @@ from pathlib import Path
 from slate.diagnostics import Diagnostic, Note, Place
 from slate.renaming.declarations import NamePath, Segment
 from slate.renaming.edits import Edit, slice_of
-from slate.renaming.names import Global, Key, Namespace, NameTable, spelled
+from slate.renaming.names import Global, Key, Namespace, NameTable, is_identifier, spelled
 from slate.renaming.workspace import Facts, Workspace
 
 
@@ -71,10 +71,11 @@ class _Context:
         old = [segment.name for segment in path.segments]
         segments = self._with_model(path, namespace)
         names = [self._name_after(segment) for segment in segments]
-        globals_in_path = ((i, self._renamed.get(segment.target)) for i, segment in enumerate(segments) if segment.target)
-        for index, known in globals_in_path:
+        for index, segment in enumerate(segments):
+            known = self._renamed.get(segment.target) if segment.target else None
             if known is not None:
-                names = self._shortest(path, home, known, index + 1, names[index + 1 :])
+                rivals = {rival.key for rival in self.before.find_all(namespace, old[: index + 1])}
+                names = self._shortest(path, home, known, rivals, index + 1, names[index + 1 :])
                 break
         meant, means = _meaning(self.before, path.kind, namespace, old), _meaning(self.after, path.kind, home, names)
         if (meant and meant.key) != (means and means.key):
@@ -93,8 +94,13 @@ class _Context:
         known = replace(segments[-2], target=model.key if model else None)
         return (*segments[:-2], known, segments[-1])
 
-    def _shortest(self, path: NamePath, home: Namespace, known: Global, count: int, rest: list[str]) -> list[str]:
-        """The path to a global with as many names as before if that means the same, else with more."""
+    def _shortest(
+        self, path: NamePath, home: Namespace, known: Global, rivals: set[Key], count: int, rest: list[str]
+    ) -> list[str]:
+        """The path to a global with as many names as before if that means the same, else with more.
+
+        It must not be possible that it means anything else but the `rivals`, which were possible before.
+        """
         full = known.full_name
         counts = [min(count, len(full))]
         if self.change.may_lengthen:
@@ -102,10 +108,11 @@ class _Context:
         for size in counts:
             names = [*full[len(full) - size :], *rest]
             found = _meaning(self.after, path.kind, home, names)
-            if found is not None and found.key == known.key:
+            possible = self.after.find_all(home, full[len(full) - size :])
+            other = next((item for item in possible if item.key not in {known.key, *rivals}), None)
+            if found is not None and found.key == known.key and other is None:
                 return names
-        names = [*full[len(full) - counts[-1] :], *rest]
-        raise Refused(_other_meaning(path, names, _meaning(self.after, path.kind, home, names)))
+        raise Refused(_other_meaning(path, names, other if found and found.key == known.key else found))
 
 
 def _meaning(table: NameTable, kind: str, namespace: Namespace, names: list[str]) -> Global | None:
@@ -127,7 +134,7 @@ def _other_meaning(path: NamePath, names: list[str], found: Global | None) -> Di
     source, line, column = found.key
     note = Note(Place(source, line, column, line, column + len(found.name.encode())), "that is declared here")
     full_name = ".".join(found.full_name)
-    return conflict(f"`{written}` would mean `{full_name}` here, which is something else", place, notes=(note,))
+    return conflict(f"`{written}` could mean `{full_name}` here, which is something else", place, notes=(note,))
 
 
 class Editor:
@@ -176,7 +183,8 @@ class Editor:
 
     def _replace(self, segment: Segment, name: str, front: str = "") -> None:
         if name != segment.name or front:
-            is_quoted = self._text(segment.place).startswith(b"`")
+            # Quotes that a name needed are not missed by another one; those that it did not need are there to stay.
+            is_quoted = is_identifier(segment.name) and self._text(segment.place).startswith(b"`")
             self.edits[segment.place.source_id].add(Edit(segment.place, front + spelled(name, is_quoted)))
 
     def _text(self, place: Place) -> bytes:

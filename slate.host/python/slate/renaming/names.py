@@ -59,20 +59,24 @@ class NameTable:
 
     A document sees each global by those last names of its full path that go beyond the namespace that both share, and
     by all longer ones. Where one name could mean several, the core keeps the first, unless another one shares more
-    with the document than is written in the name.
+    with the document than is written in the name; so it depends on the order in which a directory is listed.
     """
 
     def __init__(self, declared: Iterable[Global]) -> None:
         """`declared`: all of the context, in its order."""
         self._declared = list(declared)
-        self._by_namespace: dict[Namespace, dict[str, Global]] = {}
+        self._by_namespace: dict[Namespace, dict[str, list[Global]]] = {}
 
     def find(self, namespace: Namespace, names: Sequence[str]) -> Global | None:
         """The global that a document of the namespace calls so."""
+        return next(iter(self.find_all(namespace, names)), None)
+
+    def find_all(self, namespace: Namespace, names: Sequence[str]) -> list[Global]:
+        """All that could be meant; what is meant comes first."""
         known = self._by_namespace.get(namespace)
         if known is None:
             known = self._by_namespace[namespace] = self._visible_from(namespace)
-        return known.get(".".join(names))
+        return known.get(".".join(names), [])
 
     def find_value(self, namespace: Namespace, names: Sequence[str]) -> Global | None:
         """The same for values: there nothing else is seen."""
@@ -84,14 +88,15 @@ class NameTable:
         beginnings = (names[:count] for count in range(len(names), 0, -1))
         return next((found for found in (self.find_value(namespace, path) for path in beginnings) if found), None)
 
-    def _visible_from(self, namespace: Namespace) -> dict[str, Global]:
-        visible: dict[str, Global] = {}
+    def _visible_from(self, namespace: Namespace) -> dict[str, list[Global]]:
+        visible: dict[str, list[Global]] = {}
         for candidate in self._declared:
             shared = _count_shared(namespace, candidate.namespace)
             for begin in range(shared, -1, -1):
                 path = ".".join((*candidate.namespace[begin:], candidate.name))
-                if path not in visible or _count_shared(namespace, path.split(".")) < shared:
-                    visible[path] = candidate
+                found = visible.setdefault(path, [])
+                is_nearer = _count_shared(namespace, path.split(".")) < shared
+                found.insert(0 if is_nearer else len(found), candidate)
         return visible
 
 

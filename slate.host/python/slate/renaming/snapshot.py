@@ -16,6 +16,7 @@ from slate.renaming.names import Key
 from slate.renaming.workspace import Loaded
 
 if TYPE_CHECKING:
+    from CorePythonSwig import Document
     from SlateHostSwig import TreeNode
 
 _DECLARING = ("model", "attribute", "method", "operator")
@@ -53,18 +54,28 @@ class Snapshot:
     loaded: Loaded
 
 
-def take_snapshot(loaded: Loaded, names: OldNames = OldNames()) -> Snapshot:
-    """The bindings first: an evaluation analyses the documents again."""
+def _tell_nobody(model: str) -> None:
+    pass
+
+
+def models_of(loaded: Loaded) -> list[tuple[Document, str]]:
+    """The models that are evaluated, with their documents."""
+    return [(document, name) for document in loaded.own_documents for name in model_names(document)]
+
+
+def take_snapshot(
+    loaded: Loaded, names: OldNames = OldNames(), on_model: Callable[[str], None] = _tell_nobody
+) -> Snapshot:
+    """The bindings first: an evaluation analyses the documents again. Tells each model before it is evaluated."""
     bindings = dict(_bindings(loaded, names))
     mistakes = loaded.count_mistakes()
     values: dict[str, str] = {}
-    for document, names_of_models in [(document, model_names(document)) for document in loaded.own_documents]:
-        namespace = ".".join(document.getNamespace())
-        for name in names_of_models:
-            records = loaded.evaluate(document, name)
-            if records is not None:
-                full_name = names.of_global(f"{namespace}.{name}" if namespace else name)
-                values[full_name] = _text_of(records, names)
+    for document, name in models_of(loaded):
+        on_model(name)
+        records = loaded.evaluate(document, name)
+        if records is not None:
+            full_name = names.of_global(".".join((*document.getNamespace(), name)))
+            values[full_name] = _text_of(records, names)
     return Snapshot((mistakes, loaded.count_mistakes()), bindings, values, loaded)
 
 
@@ -83,8 +94,27 @@ def _bindings(loaded: Loaded, names: OldNames) -> Iterator[tuple[object, list[ob
             if loaded.is_own(document.getSourceId()):
                 tops.append((identity, nodes))
     for identity, nodes in tops:
-        targets = ((node.getKind(), node.getTarget()) for node in nodes)
-        yield identity, [(kind, identities.get(key_of(target))) for kind, target in targets if target is not None]
+        yield identity, [(kind, identities.get(key_of(target))) for kind, target in _targets(nodes)]
+
+
+def _targets(nodes: list[TreeNode]) -> Iterator[tuple[str, TreeNode]]:
+    """What refers to something, and to what."""
+    is_in_namespaces = False
+    for node in nodes:
+        kind = node.getKind()
+        if is_in_namespaces:
+            # What stands in front of a global name can look like an attribute in the body of a trait.
+            is_in_namespaces = bool(node.getChildren())
+            continue
+        target = node.getTarget()
+        if target is not None:
+            is_in_namespaces = kind == "member" and _is_global(target) and bool(node.getChildren())
+            # A name becomes a member when its path gets longer.
+            yield "name" if kind == "member" else kind, target
+
+
+def _is_global(target: TreeNode) -> bool:
+    return target.getKind() == "model" or (target.getKind() == "attribute" and not target.getQualifiedName())
 
 
 def _identity(top: TreeNode, namespace: list[str], ordinals: Counter[str], names: OldNames) -> object:

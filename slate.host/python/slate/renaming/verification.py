@@ -2,32 +2,40 @@
 
 from __future__ import annotations
 
-from slate.checking import Unit
+from collections.abc import Callable
+
+from slate.checking import Unit, no_step
 from slate.diagnostics import Diagnostic
 from slate.renaming.members import Members
 from slate.renaming.plan import Plan
-from slate.renaming.snapshot import OldNames, Snapshot, differences, take_snapshot
+from slate.renaming.snapshot import OldNames, Snapshot, differences, models_of, take_snapshot
 from slate.renaming.workspace import Loaded, Options, Workspace
+
+#: Told what comes next, and how many steps there are.
+OnStep = Callable[[str, int], None]
 
 
 class Verification:
     """Knows what all sources meant, and can compare it with what they mean now."""
 
-    def __init__(self, workspace: Workspace, plan: Plan, options: Options) -> None:
-        """To be made before anything is written."""
+    def __init__(self, workspace: Workspace, plan: Plan, options: Options, on_step: OnStep = no_step) -> None:
+        """To be made before anything is written. Each model is a step."""
         self._plan = plan
         self._options = options
         self._names = _old_names(workspace, plan)
         self._before: list[tuple[Unit, Snapshot]] = []
+        self._model_count = sum(len(models_of(facts.loaded)) for facts in workspace.facts)
         for facts in workspace.facts:
-            self._before.append((facts.loaded.unit, take_snapshot(facts.loaded)))
+            snapshot = take_snapshot(facts.loaded, on_model=lambda name: on_step(name, self._model_count))
+            self._before.append((facts.loaded.unit, snapshot))
 
-    def differences(self) -> list[Diagnostic]:
+    def differences(self, on_step: OnStep = no_step) -> list[Diagnostic]:
         """What is not as it was. Loads everything again; raises OSError and RuntimeError if it cannot."""
         found: list[Diagnostic] = []
         for unit, before in self._before:
             loaded = Loaded(self._unit_after(unit), self._options)
-            found += differences(before, take_snapshot(loaded, self._names))
+            after = take_snapshot(loaded, self._names, lambda name: on_step(name, self._model_count))
+            found += differences(before, after)
         return found
 
     def _unit_after(self, unit: Unit) -> Unit:

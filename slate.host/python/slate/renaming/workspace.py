@@ -30,8 +30,9 @@ class Options:
 
     def paths_for(self, bundle: Path | None) -> list[str]:
         """Where the bundles are looked for that a bundle, or a file without one, depends on."""
-        paths = [*self.search_paths, *environment_paths()]
-        return [*paths, *neighbour_paths(bundle)] if bundle else paths
+        paths = [*self.search_paths, *environment_paths(), *(neighbour_paths(bundle) if bundle else ())]
+        # One source must have one name in all contexts.
+        return [os.path.realpath(path) for path in paths]
 
 
 class Loaded:
@@ -106,7 +107,7 @@ class Workspace:
         self.facts: list[Facts] = []
         self.declarations: dict[Key, Declaration] = {}
         self.namespaces: dict[str, Namespace] = {}
-        for unit in find_units(paths):
+        for unit in find_units([os.path.realpath(path) for path in paths]):
             self._load(unit)
 
     @cached_property

@@ -28,8 +28,14 @@ _ARROWS = {
 
 _RELATIONS = {kind: f'color="{color}" {_ARROWS[kind]}' for kind, color in _COLORS.items()}
 
-#: Beyond that many relations lines are straight, for curves would take minutes.
-_MANY_EDGES = 600
+#: Beyond that many relations lines are straight, and their crossings are not sorted out to the last, which would take
+#: too long.
+_MANY_EDGES = 2000
+
+#: Inches between the columns of boxes: the more boxes stand in them, the further do lines go up and down.
+_COLUMN_GAP = 1.2
+_MORE_GAP_PER_BOX = 0.025
+_WIDEST_GAP = 6.0
 
 
 class GraphText:
@@ -42,8 +48,9 @@ class GraphText:
     def lines(self) -> Iterator[str]:
         """The lines of the text."""
         lines = " splines=line nslimit=2 nslimit1=2 mclimit=0.2" if len(self._graph.edges) > _MANY_EDGES else ""
+        gap = min(_COLUMN_GAP + _MORE_GAP_PER_BOX * len(self._graph.clusters), _WIDEST_GAP)
         yield f"digraph {_quoted(self._title)} {{"
-        yield f"  graph [label={_quoted(self._title)} labelloc=t rankdir=LR nodesep=0.15 ranksep=1.2{lines}]"
+        yield f"  graph [label={_quoted(self._title)} labelloc=t rankdir=LR nodesep=0.15 ranksep={gap:.1f}{lines}]"
         yield f"  graph [fontname={_FONT} fontsize=16]"
         yield f"  node [shape=plain fontname={_FONT} fontsize=11]"
         yield "  edge [arrowsize=0.8]"
