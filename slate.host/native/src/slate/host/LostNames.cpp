@@ -276,7 +276,8 @@ void missCircle(Keys& keys, Site const& site) {
             keys.push_back(key(Loss::Circle, base->getName()));
         return;
     }
-    auto const path = site.workspace.trees().splitPath(site.strings.empty() ? "" : site.strings.front());
+    std::string_view const whole = site.strings.empty() ? std::string_view() : site.strings.front();
+    auto const path = site.workspace.trees().splitPath(whole);
     if (!path.model)
         return;
     auto rest = path.rest;
