@@ -327,7 +327,7 @@ def test_completion(run: Run, installed: Path, write: Write) -> None:
         done = run(_SLATE_COMPLETE="bash_complete", COMP_WORDS=words, COMP_CWORD=str(words.count(" ")))
         return [line.partition(",")[2] for line in done.output.splitlines()]
 
-    assert completed("slate ") == ["check", "eval", "new"]
+    assert completed("slate ") == ["check", "eval", "explain", "graph", "move", "new", "rename"]
     assert completed("slate eval mill.slate --model ") == ["Mill", "Shaft"]
     assert completed("slate eval mill.slate --format f") == ["flat"]
     share = installed / "share"

@@ -114,7 +114,7 @@ def test_a_namespace_is_a_directory(run: Run, bundles: Path) -> None:
 
 
 #: Arguments; more files; what is said, in this order.
-CONFLICTS = {
+CONFLICTS: dict[str, tuple[list[str], dict[str, str], list[str]]] = {
     "taken in the model": (["Gear.teeth", "feed"], {}, ["`feed` is taken", "gear.slate:10:5", "gear.slate:11:5"]),
     "taken in a derived model": (["Gear.teeth", "width"], {}, ["`width` is taken", "`drives.SpurGear.width`"]),
     "taken in a base": (["SpurGear.width", "teeth"], {}, ["`teeth` is taken", "`drives.Gear.teeth`"]),
@@ -233,7 +233,7 @@ def test_colours_on_a_terminal_alone(run: Run, command: str, environment: dict[s
     os.close(main)
 
 
-MOVES = {
+MOVES: dict[str, tuple[list[str], dict[str, str | None]]] = {
     "a model to a file of its own": (
         ["drives.Gear", "drives.gears"],
         {
@@ -281,13 +281,14 @@ MOVES = {
 @pytest.mark.parametrize("case", MOVES)
 def test_moves(run: Run, bundles: Path, case: str) -> None:
     arguments, changes = MOVES[case]
-    expected = {file: text for file, text in {**FILES, **changes}.items() if text is not None}
+    expected = {file: text for file, text in FILES.items() if file not in changes}
+    expected |= {file: text for file, text in changes.items() if text is not None}
     done = run("move", *arguments, "--write")
     assert done.status == 0, done.errors
     assert texts_below(bundles) == expected
 
 
-REFUSED_MOVES = {
+REFUSED_MOVES: dict[str, tuple[list[str], dict[str, str], str]] = {
     "taken": (
         ["drives.Gear", "drives.gears"],
         {"drives/gears/a.slate": "Gear:\n    a is Int: 1\n"},

@@ -75,7 +75,10 @@ def rename(workspace: Workspace, name: str, new_name: str, is_verified: bool) ->
     subject = find_subject(workspace, name)
     plan = plan_rename(workspace, subject, new_name)
     assert left_out(places_of_toolkit(workspace, subject, new_name.strip("`")), plan.places) == []
-    write(plan, Verification(workspace, plan, Options()).differences if is_verified else no_differences)
+    differences: Callable[[], list[Diagnostic]] = no_differences
+    if is_verified:
+        differences = Verification(workspace, plan, Options()).differences
+    write(plan, differences)
     return plan
 
 
