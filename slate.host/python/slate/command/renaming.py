@@ -61,8 +61,8 @@ def carry_out(
             print("nothing was written", file=sys.stderr)
         return 1
     if count:
-        what = "a mistake" if count == 1 else f"{count} mistakes"
-        print(f"slate: there is {what} in the sources: names there may be left as they are", file=sys.stderr)
+        what = "is a mistake" if count == 1 else f"are {count} mistakes"
+        print(f"slate: there {what} in the sources: names there may be left as they are", file=sys.stderr)
     for hint in plan.hints:
         print(f"slate: {hint}", file=sys.stderr)
     return 0
