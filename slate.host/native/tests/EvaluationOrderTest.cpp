@@ -14,15 +14,15 @@ std::string describeOrder(std::string const& raw_text) {
     auto const evaluated = Testing::evaluate(raw_text);
     EXPECT_EQ(evaluated.analyzed.errors(), "");
     std::string text;
-    auto const placeOf = [](TreeNode const& node) {
+    auto const place_of = [](TreeNode const& node) {
         auto const range = node.getNameRange();
         return " " + std::to_string(range.line) + ":" + std::to_string(range.column);
     };
     for (auto const& step : evaluationOrder(evaluated.analyzed.model)) {
-        text += step.path + placeOf(step.assignment);
+        text += step.path + place_of(step.assignment);
         text += step.overridden.empty() ? "" : " before";
         for (auto const& node : step.overridden)
-            text += placeOf(node);
+            text += place_of(node);
         text += "\n";
     }
     return text;

@@ -21,9 +21,9 @@ Any count(std::int64_t number) { return Any(number); }
 
 TEST(Natives, AreCalledByTheEvaluation) {
     auto const context = std::make_shared<EvaluatorContext>();
-    std::int64_t const offset = 40;
+    auto const offset = std::make_shared<std::int64_t const>(40);
     registerStaticMethod(context, "mill::Gear::teeth", [offset](std::vector<Any> const& arguments) {
-        return Any(offset + arguments.at(0).asInt());
+        return Any(*offset + arguments.at(0).asInt());
     });
     registerBinaryOperator(context, "mill::operator_*::mill.Gear::Int", [](Any const& lhs, Any const& rhs) {
         return lhs.isObject() ? Any(rhs.asInt() * 10) : Any();
@@ -53,15 +53,15 @@ TEST(Natives, AreCalledByTheEvaluation) {
 
 TEST(Natives, OperatorsAreToldApartByTheirKeys) {
     auto const context = std::make_shared<EvaluatorContext>();
-    auto const countOperands = [](std::vector<Any> const& operands) {
+    auto const count_operands = [](std::vector<Any> const& operands) {
         return count(static_cast<std::int64_t>(operands.size()));
     };
-    registerOperator(context, "operator_-::.Gear", countOperands);
-    registerOperator(context, "a::b::operator_-::a.b.Gear::Real", countOperands);
+    registerOperator(context, "operator_-::.Gear", count_operands);
+    registerOperator(context, "a::b::operator_-::a.b.Gear::Real", count_operands);
     EXPECT_EQ(context->callUnaryOperator("operator_-::.Gear", Any(1.0)), count(1));
     EXPECT_EQ(context->callBinaryOperator("a::b::operator_-::a.b.Gear::Real", Any(1.0), Any(2.0)), count(2));
     for (auto const* const key : {"", "Gear", "a::operator_-", "operator_-::A::B::C"})
-        EXPECT_THROW(registerOperator(context, key, countOperands), std::invalid_argument) << key;
+        EXPECT_THROW(registerOperator(context, key, count_operands), std::invalid_argument) << key;
 }
 
 TEST(Natives, FailuresAreLoggedAndAnswerNothing) {

@@ -30,7 +30,7 @@ void logSomething() {
 /// Puts the log back as it was, whatever a test does to it.
 class Log : public testing::Test {
   protected:
-    ~Log() override { resetLog(); }
+    void TearDown() override { resetLog(); }
 
     void collect() {
         setLogCallback([this](std::string_view level, std::string_view text, std::string_view function) {

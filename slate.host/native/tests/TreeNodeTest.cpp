@@ -311,7 +311,7 @@ TEST(TreeNode, IdentityIsThatOfWhatIsWritten) {
     auto const again = view(analyzed).getDescendants();
     EXPECT_EQ(nodes, again);
     EXPECT_EQ((std::unordered_set<TreeNode>(nodes.begin(), nodes.end()).size()), nodes.size());
-    auto const mass = nodes[1];
+    auto const& mass = nodes[1];
     EXPECT_EQ(mass.getName(), "mass");
     EXPECT_EQ(std::ranges::count_if(nodes, [&](TreeNode const& node) { return node.getTarget() == mass; }),
               2);
