@@ -29,7 +29,7 @@ Result callUnlessToFail(char const* name, Result failure, Arguments... arguments
 
 extern "C" {
 
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name,readability-identifier-naming)
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name,readability-identifier-naming): C names
 // The standard library passes no mode: it creates no files.
 int open(char const* path, int flags, ...) { return callUnlessToFail("open", -1, path, flags, 0600); }
 

@@ -17,8 +17,7 @@ int runCheck(std::uint8_t const* data, std::size_t size,
 
 } // namespace Slate::Fuzz
 
-// What the fuzzing engine calls, by the names that it gives.
-// NOLINTBEGIN(readability-identifier-naming)
+// NOLINTBEGIN(readability-identifier-naming): the fuzzing engine calls these by the names that it gives
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size);
 // NOLINTEND(readability-identifier-naming)

@@ -5,14 +5,13 @@ from __future__ import annotations
 from collections.abc import Iterator
 from typing import NamedTuple
 
-from slate.command.output import scalar
-from slate.command.report_text import shown_path
+from slate.command.output import printable, scalar
+from slate.command.place_text import place_lines, shown_path
 from slate.command.styles import Paint, Piece, line_of
-from slate.excerpts import Sources, excerpt
+from slate.excerpts import Sources
 from slate.explanations import Explanation, Origin, Part, Read
 from slate.objects import Object, Value, model_of
 
-_GUTTER = "bold blue"
 _BOLD = "bold"
 _DIM = "dim"
 
@@ -60,29 +59,16 @@ class ExplanationText:
         width = max((len(str(place.line)) for place in places), default=0)
         yield [(_named(part, top.said), _BOLD), (" = ", ""), (_text_of(part.value), _style_of(part.value))]
         if origin is not None:
-            yield from self._lines_of(origin, width, "^", "bold green")
+            yield from place_lines(self._sources, origin.place, width, "^", "bold green")
         for other in part.overridden:
             yield [("overrides", _BOLD)]
-            yield from self._lines_of(other, width, "-", "bold yellow")
+            yield from place_lines(self._sources, other.place, width, "-", "bold yellow")
         if part.reads:
             yield []
             yield from self._table(list(self._rows()))
 
-    def _lines_of(self, origin: Origin, width: int, mark: str, style: str) -> Iterator[list[Piece]]:
-        place = origin.place
-        yield [(f"{'':{width}}--> ", _GUTTER), (f"{self._file_and_line(origin)}:{self._column(origin)}", "")]
-        shown = excerpt(self._sources, place)
-        if shown is None:
-            return
-        yield [(f"{'':{width}} |", _GUTTER)]
-        yield [(f"{place.line:{width}} | ", _GUTTER), (shown.text, "")]
-        yield [(f"{'':{width}} | ", _GUTTER), (" " * shown.mark, ""), (mark * shown.mark_width, style)]
-
-    def _column(self, origin: Origin) -> int:
-        return self._sources.character_column(origin.place, origin.place.column)
-
     def _file_and_line(self, origin: Origin) -> str:
-        return f"{shown_path(origin.place.source_id)}:{origin.place.line}"
+        return f"{printable(shown_path(origin.place.source_id))}:{origin.place.line}"
 
     def _rows(self) -> Iterator[_Row]:
         """Depth first, each part in full where it comes first."""

@@ -54,7 +54,7 @@ def graph(
     from slate import graphs
     from slate.command.graph_text import GraphText
     from slate.command.mistakes import print_mistakes
-    from slate.command.report_text import shown_path
+    from slate.command.place_text import shown_path
     from slate.declarations import declarations_of
 
     declarations, errors = declarations_of(file, search_paths)

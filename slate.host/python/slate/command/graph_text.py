@@ -4,7 +4,7 @@ from __future__ import annotations
 
 from collections.abc import Iterator
 
-from slate.command.report_text import shown_path
+from slate.command.place_text import shown_path
 from slate.graphs import VARIABLES, Cluster, Edge, Graph, Node
 
 _FONT = "Helvetica"

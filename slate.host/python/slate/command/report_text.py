@@ -2,19 +2,18 @@
 
 from __future__ import annotations
 
-import os
 from collections import Counter
 from collections.abc import Iterator
 from typing import Iterable
 
 from slate.checking import Report
 from slate.command.output import printable
+from slate.command.place_text import GUTTER, place_lines, position
 from slate.command.styles import Paint, Piece, line_of
-from slate.diagnostics import Diagnostic, Place
-from slate.excerpts import Sources, excerpt
+from slate.diagnostics import Diagnostic
+from slate.excerpts import Sources
 
 _SEVERITY = {"error": "bold red", "warning": "bold yellow", "note": "bold green"}
-_GUTTER = "bold blue"
 _BOLD = "bold"
 
 
@@ -44,37 +43,22 @@ class TextReport:
         width = max(len(str(place.line)) for place in places)
         head = f"{finding.severity}[{finding.rule}]"
         yield [(head, _SEVERITY[finding.severity]), (f": {printable(finding.message)}", _BOLD)]
-        yield from self._place(finding.place, width, "^", _SEVERITY[finding.severity])
+        if finding.place.source_id:
+            yield from place_lines(self._sources, finding.place, width, "^", _SEVERITY[finding.severity])
         if finding.hint:
             yield from self._remark("help", finding.hint, width)
         if follower_count:
             yield from self._remark("note", f"{_more(follower_count)} from this one", width)
         if finding.cause is not None:
-            cause = f"{finding.cause.rule} at {self._position(finding.cause.place)}"
+            cause = f"{finding.cause.rule} at {position(self._sources, finding.cause.place)}"
             yield from self._remark("note", f"follows from {cause}", width)
         for note in finding.notes:
             yield [("note", _SEVERITY["note"]), (f": {printable(note.message)}", _BOLD)]
-            yield from self._place(note.place, width, "-", _SEVERITY["note"])
+            if note.place.source_id:
+                yield from place_lines(self._sources, note.place, width, "-", _SEVERITY["note"])
 
     def _remark(self, kind: str, text: str, width: int) -> Iterator[list[Piece]]:
-        yield [(f"{'':{width}} = ", _GUTTER), (kind, _BOLD), (f": {printable(text)}", "")]
-
-    def _place(self, place: Place, width: int, mark: str, style: str) -> Iterator[list[Piece]]:
-        if not place.source_id:
-            return
-        yield [(f"{'':{width}}--> ", _GUTTER), (self._position(place), "")]
-        shown = excerpt(self._sources, place)
-        if shown is None:
-            return
-        yield [(f"{'':{width}} |", _GUTTER)]
-        yield [(f"{place.line:{width}} | ", _GUTTER), (shown.text, "")]
-        yield [(f"{'':{width}} | ", _GUTTER), (" " * shown.mark, ""), (mark * shown.mark_width, style)]
-
-    def _position(self, place: Place) -> str:
-        path = printable(shown_path(place.source_id))
-        if not place.line:
-            return path
-        return f"{path}:{place.line}:{self._sources.character_column(place, place.column)}"
+        yield [(f"{'':{width}} = ", GUTTER), (kind, _BOLD), (f": {printable(text)}", "")]
 
 
 def fold(findings: Iterable[Diagnostic], show_all: bool) -> tuple[list[Diagnostic], Counter[tuple[object, ...]]]:
@@ -113,12 +97,6 @@ def summary(report: Report, show_all: bool) -> list[Piece]:
 
 def _more(followers: int) -> str:
     return "1 more follows" if followers == 1 else f"{followers} more follow"
-
-
-def shown_path(source_id: str) -> str:
-    """The path as it is shortest to write from here."""
-    prefix = os.getcwd().rstrip("/") + "/"
-    return source_id.removeprefix(prefix)
 
 
 def _count(number: int, what: str) -> str:

@@ -48,8 +48,7 @@ class TestPlugin : public Plugin {
 
 int TestPlugin::live_count = 0;
 
-// The types of natives have their arguments by value.
-// NOLINTBEGIN(performance-unnecessary-value-param)
+// NOLINTBEGIN(performance-unnecessary-value-param): the types of natives have their arguments by value
 Core::Any twice(Core::AnyVector arguments) { return Core::Any(2 * arguments.at(0).asReal()); }
 
 Core::Any minus(Core::Any lhs, Core::Any rhs) { return Core::Any(lhs.asReal() - rhs.asReal()); }
@@ -87,8 +86,7 @@ PyObject* natives(PyObject* /*module*/, PyObject* /*none*/) {
 
 } // namespace
 
-// The interpreter wants it under this name.
-// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming)
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): the interpreter asks for it
 PyMODINIT_FUNC PyInit__TestPlugin() {
     static PyMethodDef methods[] = {
         {"plugin", plugin, METH_O, "A plug-in for files with that extension."},
