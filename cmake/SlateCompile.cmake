@@ -10,6 +10,7 @@ add_compile_options(-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
 
 # Calls within the shared library are direct: nobody replaces its functions one by one.
 add_compile_options(-fno-semantic-interposition)
+add_link_options(-Wl,-Bsymbolic-functions)
 
 if(SLATE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all)

@@ -1,8 +1,7 @@
-// The cursor and its tests, on token lists that no scanner gives: what happens behind the end.
+// The cursor and its tests, and what happens behind the end of the tokens.
 
 #include "slate/Document.h"
 #include "slate/ParserImpl.h"
-#include "slate/Scanner.h"
 #include "slate/testing/ErrorDump.h"
 #include "slate/testing/LogCapture.h"
 
@@ -20,9 +19,7 @@ using testing::StartsWith;
 
 class Cursor : public testing::Test {
   protected:
-    ParserImpl parserOf(std::string const& source) {
-        return {tokenize(source, source_id, reporter), source_id, reporter};
-    }
+    ParserImpl parserOf(std::string_view source) { return {source, source_id, *reporter}; }
 
     std::string const source_id = "test.slate";
     std::shared_ptr<ErrorReporter> const reporter = std::make_shared<ErrorReporter>();
@@ -58,7 +55,8 @@ TEST_F(Cursor, EveryReaderLogsTheEndOfTheTokensUnderItsOwnName) {
         {"match_expr", [&](ParserImpl& p) { return !p.match_expr(TokenType::Eof, line, inside); }},
     };
     for (auto const& row : rows) {
-        ParserImpl parser({}, source_id, reporter);
+        auto parser = parserOf("");
+        parser.consume();
         LogCapture const log;
         EXPECT_TRUE(row.answers_as_told(parser)) << row.name;
         ASSERT_EQ(log.lines().size(), 1U) << row.name;
@@ -71,9 +69,10 @@ TEST_F(Cursor, EveryReaderLogsTheEndOfTheTokensUnderItsOwnName) {
     EXPECT_EQ(reporter->getErrorCount(), 0U);
 }
 
-TEST_F(Cursor, ATokenListWithoutEofEndsInADocumentAllTheSame) {
+TEST_F(Cursor, ADocumentBehindTheEndOfTheTokensIsEmpty) {
+    auto parser = parserOf("");
+    parser.consume();
     LogCapture const log;
-    ParserImpl parser({}, source_id, reporter);
     EXPECT_TRUE(parser.parseDocument()->getMembers().empty());
     EXPECT_THAT(log.texts(),
                 ElementsAre("error Slate::ParserImpl::peekType: Unexpected end of tokens in test.slate"));

@@ -2,13 +2,12 @@
 
 #include "slate/Document.h"
 #include "slate/ParserImpl.h"
-#include "slate/Scanner.h"
 
 namespace Slate {
 
 DocPtr Parser::parse(std::string const& source, std::string const& source_id,
                      std::shared_ptr<ErrorReporter> const& error_reporter) {
-    return ParserImpl(tokenize(source, source_id, error_reporter), source_id, error_reporter).parseDocument();
+    return ParserImpl(source, source_id, *error_reporter).parseDocument();
 }
 
 } // namespace Slate

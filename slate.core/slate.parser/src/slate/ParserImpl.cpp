@@ -4,14 +4,15 @@
 
 #include "slate/Log.h"
 
+#include <utility>
+
 namespace Slate {
 
-ParserImpl::ParserImpl(TokenVector tokens, std::string const& source_id,
-                       std::shared_ptr<ErrorReporter> error_reporter)
-    : tokens_(std::move(tokens)),
-      current_(tokens_.begin()),
-      source_id_(source_id),
-      error_reporter_(std::move(error_reporter)) {}
+ParserImpl::ParserImpl(std::string_view source, std::string const& source_id, ErrorReporter& error_reporter)
+    : scanner_(source, source_id, error_reporter), source_id_(source_id), error_reporter_(error_reporter) {
+    for (auto& token : window_)
+        scanner_.next(token);
+}
 
 // Each of these says by its own name where the tokens ended.
 
@@ -28,8 +29,7 @@ TokenType ParserImpl::peekNextType() const {
         SLATE_LOG_ERROR("Unexpected end of tokens in {}", source_id_);
         return TokenType::Eof;
     }
-    auto const next = current_ + 1;
-    return next == tokens_.end() ? TokenType::Eof : next->type;
+    return next_->type; // behind `Eof` there is another
 }
 
 line_t ParserImpl::peekLine() const {
@@ -54,7 +54,7 @@ void ParserImpl::advance() {
         return;
     }
     previous_ = {current_->type, current_->line, current_->column, current_->lexeme.size()};
-    ++current_;
+    moveOn();
 }
 
 Token ParserImpl::consume() {
@@ -63,7 +63,16 @@ Token ParserImpl::consume() {
         return Token::Invalid();
     }
     previous_ = {current_->type, current_->line, current_->column, current_->lexeme.size()};
-    return std::move(*current_++);
+    auto token = std::move(*current_);
+    moveOn();
+    return token;
+}
+
+void ParserImpl::moveOn() {
+    is_behind_end_ = previous_.type == TokenType::Eof;
+    scanner_.next(*current_);
+    std::swap(current_, next_);
+    ++consumed_;
 }
 
 bool ParserImpl::check(TokenType type, line_t line) const {
@@ -148,7 +157,7 @@ void ParserImpl::synchronizeLine(col_t column) {
 }
 
 void ParserImpl::addError(ErrorCode error_code, Position position) {
-    error_reporter_->reportError(Error::create(error_code, position.line, position.column, source_id_));
+    errors_.push_back(Error::create(error_code, position.line, position.column, source_id_));
 }
 
 void ParserImpl::addErrorAtCurrent(ErrorCode error_code) { addError(error_code, {peekLine(), peekColumn()}); }

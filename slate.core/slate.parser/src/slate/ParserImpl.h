@@ -4,8 +4,10 @@
 
 #include "slate/ErrorReporter.h"
 #include "slate/Expression.h"
+#include "slate/Scanner.h"
 #include "slate/Token.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,7 +15,8 @@
 
 namespace Slate {
 
-/// The recursive descent over the tokens of one text.
+/// The recursive descent over the tokens of one text, which are scanned as it goes: it never looks further
+/// ahead than one token behind the current one, so no list of them is ever in memory.
 ///
 /// Structure comes from lines and columns alone: a body is whatever stands further to the right on later
 /// lines, and most constructs must stand on one line. So nearly every test looks at the line of a token, or
@@ -23,10 +26,13 @@ namespace Slate {
 /// false flag); its caller drops the item and moves on with `synchronize`.
 class ParserImpl {
   public:
-    /// `tokens` ends in `Eof`. Tokens that the tree keeps are moved out of it.
-    ParserImpl(TokenVector tokens, std::string const& source_id,
-               std::shared_ptr<ErrorReporter> error_reporter);
+    /// What is passed must outlive the parser.
+    ParserImpl(std::string_view source, std::string const& source_id, ErrorReporter& error_reporter);
 
+    ParserImpl(ParserImpl const&) = delete;
+    ParserImpl& operator=(ParserImpl const&) = delete;
+
+    /// Mistakes of the scanner are reported before those of the parser, wherever they stand.
     DocPtr parseDocument();
 
     // The cursor. It never moves past the end of the tokens: getting there is a defect of the parser, which
@@ -78,8 +84,6 @@ class ParserImpl {
     void synchronizeLine(col_t column);
 
   private:
-    using Cursor = TokenVector::iterator;
-
     /// One level of nesting, for as long as it lives.
     class NestingLevel;
 
@@ -123,7 +127,10 @@ class ParserImpl {
         vec<VarAssignPtr> members;
     };
 
-    bool isBehindEnd() const { return current_ == tokens_.end(); }
+    bool isBehindEnd() const { return is_behind_end_; }
+
+    /// Scans the token behind the next one over the current one, which gives way to the next one.
+    void moveOn();
 
     bool isAtEof() const { return peekType() == TokenType::Eof; }
 
@@ -199,12 +206,17 @@ class ParserImpl {
     /// Makes an at-string a string: its text is a path beside the source. The token keeps its position.
     Token resolveAtString(Token token) const;
 
-    TokenVector tokens_;
-    Cursor current_;
+    Scanner scanner_;
+    std::array<Token, 2> window_; // the current token and the next one, in turns
+    Token* current_ = &window_.front();
+    Token* next_ = &window_.back();
+    std::size_t consumed_ = 0; // tokens
+    bool is_behind_end_ = false;
     Previous previous_;
     std::size_t nesting_depth_ = 0;
     std::string const& source_id_;
-    std::shared_ptr<ErrorReporter> error_reporter_;
+    ErrorReporter& error_reporter_;
+    Errors errors_; // of the parser, until the scanner is through
 };
 
 } // namespace Slate

@@ -27,13 +27,13 @@ class ParserImpl::NestingLevel {
 /// a defect of the parser, which the log tells, and a token is skipped so that the loop ends all the same.
 class ParserImpl::ProgressGuard {
   public:
-    explicit ProgressGuard(ParserImpl& parser) : parser_(parser), start_of_round_(parser.tokens_.end()) {}
+    explicit ProgressGuard(ParserImpl& parser) : parser_(parser) {}
 
     void beginRound();
 
   private:
     ParserImpl& parser_;
-    Cursor start_of_round_;
+    std::optional<std::size_t> start_of_round_; // in tokens consumed
 };
 
 } // namespace Slate

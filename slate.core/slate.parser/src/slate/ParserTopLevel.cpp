@@ -39,6 +39,9 @@ DocPtr ParserImpl::parseDocument() {
         if (auto member = parseTopLevel())
             members.push_back(std::move(member));
     }
+    for (auto& error : errors_)
+        error_reporter_.reportError(std::move(error));
+    errors_.clear();
     return Document::create(source_id_, std::move(members));
 }
 

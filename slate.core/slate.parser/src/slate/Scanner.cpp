@@ -20,35 +20,39 @@ constexpr bool isBlank(char byte) { return byte == ' ' || byte == '\t'; }
 
 constexpr std::string_view triple_quote = R"(""")";
 
-/// A guess that seldom has to grow: memory that is reserved and not used costs nothing.
-constexpr std::size_t source_bytes_a_token = 4;
-
 } // namespace
 
 TokenVector tokenize(std::string_view source, std::string const& source_id,
                      std::shared_ptr<ErrorReporter> const& error_reporter) {
-    return Scanner(source, source_id, *error_reporter).scan();
+    Scanner scanner(source, source_id, *error_reporter);
+    TokenVector tokens;
+    do {
+        scanner.next(tokens.emplace_back());
+    } while (tokens.back().type != TokenType::Eof);
+    return tokens;
 }
 
 Scanner::Scanner(std::string_view source, std::string const& source_id, ErrorReporter& error_reporter)
     : source_(source), source_id_(source_id), error_reporter_(error_reporter) {}
 
-TokenVector Scanner::scan() {
-    tokens_.reserve(source_.size() / source_bytes_a_token + 1);
-    while (!isAtEnd()) {
+void Scanner::next(Token& token) {
+    token_ = &token;
+    while (token_ != nullptr && !isAtEnd()) {
+        if (isBlank(peek())) {
+            advance();
+            continue;
+        }
         start_ = current_;
         scanToken();
     }
-    tokens_.emplace_back(TokenType::Eof, std::string(), line_, column_);
-    return std::move(tokens_);
+    if (token_ != nullptr)
+        addToken(TokenType::Eof, {}, {line_, column_});
 }
 
 void Scanner::scanToken() {
     char const byte = peek();
     advance();
     switch (byte) {
-    case ' ':
-    case '\t':
     case '\r': break;
     case '\n': takeLineFeed(); break;
     case '#': skipToLineEnd(); break;
@@ -174,8 +178,8 @@ void Scanner::scanMultilineString() {
         return;
     }
     advance(triple_quote.size());
-    tokens_.emplace_back(TokenType::MultilineString, std::string(source_.substr(start_, current_ - start_)),
-                         opening_line, opening_column);
+    addToken(TokenType::MultilineString, source_.substr(start_, current_ - start_),
+             {opening_line, opening_column});
 }
 
 void Scanner::scanAtString() {
@@ -219,7 +223,15 @@ bool Scanner::skipToOnLine(char wanted) {
 void Scanner::addToken(TokenType type) { addToken(type, source_.substr(start_, current_ - start_)); }
 
 void Scanner::addToken(TokenType type, std::string_view lexeme) {
-    tokens_.emplace_back(type, std::string(lexeme), line_, column_ - (current_ - start_));
+    addToken(type, lexeme, {line_, column_ - (current_ - start_)});
+}
+
+void Scanner::addToken(TokenType type, std::string_view lexeme, Position position) {
+    token_->type = type;
+    token_->lexeme.assign(lexeme);
+    token_->line = position.line;
+    token_->column = position.column;
+    token_ = nullptr;
 }
 
 void Scanner::reportHere(ErrorCode error_code) {

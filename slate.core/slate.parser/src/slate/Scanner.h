@@ -18,13 +18,14 @@ namespace Slate {
 TokenVector tokenize(std::string_view source, std::string const& source_id,
                      std::shared_ptr<ErrorReporter> const& error_reporter);
 
-/// The scanning of one text, for `tokenize`.
+/// The scanning of one text, token by token: what `tokenize` gives as a list, a parser takes as it goes.
 class Scanner {
   public:
     /// The text, and all else that is passed, must outlive the scanner.
     Scanner(std::string_view source, std::string const& source_id, ErrorReporter& error_reporter);
 
-    TokenVector scan();
+    /// Writes the next token over `token`; behind the text this is `Eof`, however often it is asked for.
+    void next(Token& token);
 
   private:
     bool isAtEnd() const { return current_ >= source_.size(); }
@@ -60,15 +61,16 @@ class Scanner {
     /// reports it.
     bool skipToOnLine(char wanted);
 
-    /// Adds the text from the start of the token up to here.
+    /// Gives the text from the start of the token up to here as a token.
     void addToken(TokenType type);
     void addToken(TokenType type, std::string_view lexeme);
+    void addToken(TokenType type, std::string_view lexeme, Position position);
     void reportHere(ErrorCode error_code);
 
     std::string_view const source_;
     std::string const& source_id_;
     ErrorReporter& error_reporter_;
-    TokenVector tokens_;
+    Token* token_ = nullptr; // where the next one goes; null once it is there
     std::size_t start_ = 0;
     std::size_t current_ = 0;
     line_t line_ = 1;
