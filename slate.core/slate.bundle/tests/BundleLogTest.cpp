@@ -152,6 +152,12 @@ INSTANTIATE_TEST_SUITE_P(
         Logged{"dependency missing", [](auto const& tree) { resolveDependencies(tree, {"Units==2"}); },
                found_shapes + Lines{"debug FindBundle::findBundle: No bundle found with name: Units",
                                     "error FindBundle::resolveDependencies: Dependency Units not found"}},
+        Logged{"two dependencies, each bundle read once",
+               [](auto const& tree) {
+                   resolveDependencies(tree, {"Units", "Shapes"});
+               },
+               found_shapes + Lines{"debug FindBundle::findBundle: No bundle found with name: Units",
+                                    "error FindBundle::resolveDependencies: Dependency Units not found"}},
         Logged{"dependency of another version",
                [](auto const& tree) { resolveDependencies(tree, {"Shapes==2"}); },
                found_shapes + Lines{"error FindBundle::resolveDependencies: Bundle Root depends on Shapes of "

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "slate/Fnv1a.h"
 #include "slate/ModelHierarchy.h"
 #include "slate/NodeTypes.h"
 #include "slate/ScopedTable.h"
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -46,7 +44,7 @@ class InheritedNames {
 
   private:
     template <typename Value>
-    using NameScopes = ScopedTable<std::string, Value, Fnv1a>;
+    using NameScopes = ScopedTable<std::string_view, Value>;
 
     void measureSymbols(vec<NodePtr> const& members);
     void addModel(ModelDeclaration const& model, std::size_t place);

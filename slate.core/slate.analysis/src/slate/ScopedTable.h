@@ -1,41 +1,81 @@
 #pragma once
 
+#include "slate/NameIndex.h"
+
 #include <algorithm>
 #include <cstddef>
-#include <functional>
+#include <deque>
+#include <optional>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
 namespace Slate::Analysis {
 
+/// The keys of a `ScopedTable`, numbered in the order in which they are added.
+template <typename Key>
+class ScopedKeys {
+  public:
+    std::optional<std::size_t> find(Key key) const {
+        auto const known = numbers_.find(key);
+        return known == numbers_.end() ? std::nullopt : std::optional(known->second);
+    }
+
+    void add(Key key) { numbers_.emplace(key, numbers_.size()); }
+
+  private:
+    std::unordered_map<Key, std::size_t> numbers_;
+};
+
+/// Names are not copied: they are those of symbols, and stay as long as the table.
+template <>
+class ScopedKeys<std::string_view> {
+  public:
+    std::optional<std::size_t> find(std::string_view name) const {
+        auto const number = numbers_.find(name, [&](std::size_t i) { return names_[i] == name; });
+        return number == NameIndex::none ? std::nullopt : std::optional(number);
+    }
+
+    void add(std::string_view name) {
+        numbers_.add(name, names_.size());
+        names_.push_back(name);
+    }
+
+  private:
+    std::deque<std::string_view> names_;
+    NameIndex numbers_;
+};
+
 /// A table that is filled on a walk down a tree, where each place adds entries for itself and all below it,
 /// and that afterwards answers as it was at any place: the entry of the nearest place on the way up to the
 /// root, in no more time than a binary search takes, whatever the depth.
 ///
 /// Places are numbered in the order in which the walk enters them. A default value stands for no entry.
-template <typename Key, typename Value, typename Hash = std::hash<Key>>
+template <typename Key, typename Value>
 class ScopedTable {
   public:
     /// Adds or replaces an entry of the place that was entered last.
-    template <typename Name>
-    void set(Name const& key, Value value, std::size_t place) {
-        auto const known = changes_.find(key);
-        if (known == changes_.end()) {
-            auto const added = changes_.emplace(Key(key), Changes{{place, std::move(value), true}, {}}).first;
-            undo_.emplace_back(&added->second, Value());
+    void set(Key key, Value value, std::size_t place) {
+        auto const known = keys_.find(key);
+        if (!known) {
+            undo_.emplace_back(changes_.size(), Value());
+            keys_.add(key);
+            changes_.push_back({{place, std::move(value), true}, {}});
             return;
         }
-        undo_.emplace_back(&known->second, known->second.last().value);
-        put(known->second, {place, std::move(value), true});
+        auto& changes = changes_[*known];
+        undo_.emplace_back(*known, changes.last().value);
+        put(changes, {place, std::move(value), true});
     }
 
     /// Has this very place an entry of its own?
-    template <typename Name>
-    bool isSetAt(Name const& key, std::size_t place) const {
-        auto const changes = changes_.find(key);
-        return changes != changes_.end() && changes->second.last().place == place &&
-               changes->second.last().is_own;
+    bool isSetAt(Key key, std::size_t place) const {
+        auto const known = keys_.find(key);
+        if (!known)
+            return false;
+        auto const& last = changes_[*known].last();
+        return last.place == place && last.is_own;
     }
 
     /// To be asked when a place is entered, for `leave`.
@@ -44,17 +84,16 @@ class ScopedTable {
     /// Leaves the place that had the mark; `next_place` is the number of the one that is entered next.
     void leave(std::size_t mark, std::size_t next_place) {
         for (; undo_.size() > mark; undo_.pop_back())
-            put(*undo_.back().first, {next_place, std::move(undo_.back().second), false});
+            put(changes_[undo_.back().first], {next_place, std::move(undo_.back().second), false});
     }
 
-    template <typename Name>
-    Value find(Name const& key, std::size_t place) const {
-        auto const changes = changes_.find(key);
-        if (changes == changes_.end() || place < changes->second.first.place)
+    Value find(Key key, std::size_t place) const {
+        auto const known = keys_.find(key);
+        if (!known || place < changes_[*known].first.place)
             return Value();
-        auto const& further = changes->second.further;
+        auto const& [first, further] = changes_[*known];
         auto const later = std::ranges::upper_bound(further, place, {}, &Change::place);
-        return later == further.begin() ? changes->second.first.value : std::prev(later)->value;
+        return later == further.begin() ? first.value : std::prev(later)->value;
     }
 
   private:
@@ -82,8 +121,10 @@ class ScopedTable {
             changes.further.push_back(std::move(change));
     }
 
-    std::unordered_map<Key, Changes, Hash, std::equal_to<>> changes_;
-    std::vector<std::pair<Changes*, Value>> undo_;
+    ScopedKeys<Key> keys_;
+    // In small pieces, whose room goes to what comes after the analysis; by the numbers of the keys.
+    std::deque<Changes> changes_;
+    std::deque<std::pair<std::size_t, Value>> undo_;
 };
 
 } // namespace Slate::Analysis

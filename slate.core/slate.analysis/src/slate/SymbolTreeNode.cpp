@@ -37,9 +37,9 @@ SymbolTreeNodePtr SymbolTreeNode::create(std::shared_ptr<ErrorReporter> error_re
 SymbolTreeNode::~SymbolTreeNode() {
     std::vector<SymbolTreeNodePtr> ahead;
     auto const take_children = [&ahead](SymbolTreeNode& node) {
-        if (!node.children_)
+        if (!node.below_)
             return;
-        for (auto& [name, child] : node.children_->take())
+        for (auto& [name, child] : node.below_->children.take())
             ahead.push_back(std::move(child));
     };
     try {
@@ -68,9 +68,7 @@ SymbolTreeNode& SymbolTreeNode::findOrAddChild(std::string const& name) {
     if (auto* const known = child(name))
         return *known;
     lockTree();
-    if (!children_)
-        children_ = std::make_unique<NamedList<SymbolTreeNodePtr>>();
-    return *children_->add(name, std::make_shared<SymbolTreeNode>(CreateKey(), surroundings_));
+    return *makeBelow().children.add(name, std::make_shared<SymbolTreeNode>(CreateKey(), surroundings_));
 }
 
 /// The branch at the end of the target of an assignment; what is missing on the way there grows.
@@ -81,21 +79,29 @@ SymbolTreeNode& SymbolTreeNode::growTo(VarAssignment const& member) {
     return *node;
 }
 
-NamedList<SymbolTreeNodePtr> const& SymbolTreeNode::noChildren() {
-    static NamedList<SymbolTreeNodePtr> const none;
-    return none;
+SymbolTreeNode::Below const& SymbolTreeNode::nothingBelow() {
+    static Below const nothing;
+    return nothing;
+}
+
+SymbolTreeNode::Below& SymbolTreeNode::makeBelow() {
+    if (!below_)
+        below_ = std::make_unique<Below>();
+    return *below_;
 }
 
 NamedList<TopoPathPtr> const& SymbolTreeNode::getAnnotationPaths() const {
     static NamedList<TopoPathPtr> const none;
-    return annotation_paths_ ? *annotation_paths_ : none;
+    auto const& paths = below().annotation_paths;
+    return paths ? *paths : none;
 }
 
 void SymbolTreeNode::addAnnotation(AnnotationPtr const& annotation, TopoPathPtr const& path) {
-    if (!annotation_paths_)
-        annotation_paths_ = std::make_unique<NamedList<TopoPathPtr>>();
-    if (!annotation_paths_->contains(annotation->getName()))
-        annotation_paths_->add(annotation->getName(), TopologicalPath::extend(path, annotation));
+    auto& paths = makeBelow().annotation_paths;
+    if (!paths)
+        paths = std::make_unique<NamedList<TopoPathPtr>>();
+    if (!paths->contains(annotation->getName()))
+        paths->add(annotation->getName(), TopologicalPath::extend(path, annotation));
 }
 
 void SymbolTreeNode::noteMaxPaths() {
@@ -187,10 +193,8 @@ void SymbolTreeNode::grow_paths_from_members(TopoPathPtr const& path, vec<Annota
                                              vec<VarAssignPtr> const& members) {
     for (auto const& annotation : annotations)
         addAnnotation(annotation, path);
-    if (!children_ && !members.empty()) {
-        children_ = std::make_unique<NamedList<SymbolTreeNodePtr>>();
-        children_->reserve(members.size());
-    }
+    if (getChildren().empty() && !members.empty())
+        makeBelow().children.reserve(members.size());
     for (auto const& member : members) {
         if (!member->isValid())
             continue;

@@ -83,7 +83,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     TopoPathPtr const& getMaxPath() const { return max_path_; }
 
     /// The branches by attribute name, in the order in which they grew.
-    NamedList<SymbolTreeNodePtr> const& getChildren() const { return children_ ? *children_ : noChildren(); }
+    NamedList<SymbolTreeNodePtr> const& getChildren() const { return below().children; }
 
     /// One path a name, in the order in which they were found.
     NamedList<TopoPathPtr> const& getAnnotationPaths() const;
@@ -123,6 +123,17 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
                                    UnfoldedModels& visited);
 
   private:
+    /// What most branches have not, being leaves without annotations.
+    struct Below {
+        NamedList<SymbolTreeNodePtr> children;
+        std::unique_ptr<NamedList<TopoPathPtr>> annotation_paths;
+    };
+
+    Below const& below() const { return below_ ? *below_ : nothingBelow(); }
+
+    static Below const& nothingBelow();
+    Below& makeBelow();
+
     /// What is still to do of a walk.
     class Unfolding;
     struct Body;
@@ -134,7 +145,6 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     void grow_paths_from_types(Unfolding& unfolding, TypesTask const& task, VarAssignPtr const& member);
     void grow_max_paths(Unfolding& unfolding, GrowTask const& task);
     bool grow_max_paths_from_types(Unfolding& unfolding, TypesTask const& task, VarAssignPtr const& member);
-    static NamedList<SymbolTreeNodePtr> const& noChildren();
     void reportCycle(ModelDeclaration const& model, UnfoldedModels const& visited) const;
     SymbolTreeNode* child(std::string_view name) const;
     SymbolTreeNode& findOrAddChild(std::string const& name);
@@ -147,8 +157,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     std::shared_ptr<Surroundings const> surroundings_;
     VarAssignPtr declaration_;
     TopoPathPtr max_path_;
-    std::unique_ptr<NamedList<SymbolTreeNodePtr>> children_;   // most branches are leaves
-    std::unique_ptr<NamedList<TopoPathPtr>> annotation_paths_; // few branches have any
+    std::unique_ptr<Below> below_;
     // The bodies that last assigned here, and that the max path is from; numbers begin with 1.
     BodyNumber assigned_by_ = 0;
     BodyNumber max_path_by_ = 0;

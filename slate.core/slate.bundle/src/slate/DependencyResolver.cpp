@@ -43,6 +43,7 @@ void FindBundle::resolveDependencies(BundleConfig& bundle, std::vector<std::stri
     for (std::size_t position = 0; position < resolved.size(); ++position)
         position_by_name.try_emplace(resolved[position].name, position);
 
+    BundleSearch search(paths);
     // Last in, first out.
     std::vector<BundleConfig> work_list{bundle};
     while (!work_list.empty()) {
@@ -59,7 +60,7 @@ void FindBundle::resolveDependencies(BundleConfig& bundle, std::vector<std::stri
                 report(error_reporter, token, requirement, dependency);
                 continue;
             }
-            auto const found = findBundle(requirement.name, paths);
+            auto const found = findBundle(requirement.name, search);
             if (!found) {
                 SLATE_LOG_ERROR("Dependency {} not found", requirement.name);
                 report(error_reporter, token, requirement, current);

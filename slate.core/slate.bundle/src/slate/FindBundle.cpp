@@ -23,10 +23,6 @@ std::optional<fs::path> findConfigUpward(fs::path directory) {
     }
 }
 
-std::optional<fs::path> findConfigInEntry(fs::path const& entry) {
-    return fs::is_directory(pathStatus(entry)) ? findSlateConfigInDirectory(entry) : std::nullopt;
-}
-
 } // namespace
 
 std::optional<fs::path> findSlateConfigInDirectory(fs::path const& directory) {
@@ -42,6 +38,10 @@ std::optional<fs::path> findSlateConfigInDirectory(fs::path const& directory) {
     }
     SLATE_LOG_DEBUG("config.slate found in {}", directory.string());
     return config;
+}
+
+std::optional<fs::path> findConfigInEntry(fs::path const& entry) {
+    return fs::is_directory(pathStatus(entry)) ? findSlateConfigInDirectory(entry) : std::nullopt;
 }
 
 // Recursion is as deep as a path can be long.
@@ -74,25 +74,18 @@ std::optional<BundleConfig> FindBundle::findBundleFrom(fs::path const& path) {
 
 std::optional<BundleConfig> FindBundle::findBundle(std::string const& name,
                                                    std::vector<std::string> const& paths) {
-    std::optional<BundleConfig> found;
-    auto const is_wanted = [&](fs::path const& config) {
-        SLATE_LOG_DEBUG("Bundle found at: {}", config.string());
-        auto bundle = readBundleConfig(config);
+    BundleSearch search(paths);
+    return findBundle(name, search);
+}
+
+std::optional<BundleConfig> FindBundle::findBundle(std::string const& name, BundleSearch& search) {
+    if (auto const* const known = search.find(name))
+        return *known;
+    while (auto const config = search.nextConfig()) {
+        SLATE_LOG_DEBUG("Bundle found at: {}", config->string());
+        auto const& bundle = search.add(readBundleConfig(*config));
         if (bundle.name == name)
-            found = std::move(bundle);
-        return found.has_value();
-    };
-    for (fs::path const path : paths) {
-        if (auto const config = findSlateConfigInDirectory(path)) {
-            if (is_wanted(*config))
-                return found;
-            continue;
-        }
-        for (auto const& entry : listDirectory(path)) {
-            auto const config = findConfigInEntry(entry);
-            if (config && is_wanted(*config))
-                return found;
-        }
+            return bundle;
     }
     SLATE_LOG_DEBUG("No bundle found with name: {}", name);
     return std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "slate/BundleConfig.h"
+#include "slate/BundleSearch.h"
 #include "slate/ErrorReporter.h"
 
 #include <filesystem>
@@ -17,6 +18,9 @@ namespace Slate::Bundle {
 /// The `config.slate` in a directory; none if there is none, or if it is no directory.
 std::optional<std::filesystem::path> findSlateConfigInDirectory(std::filesystem::path const& directory);
 
+/// The same in an entry of a directory; none if the entry is a file.
+std::optional<std::filesystem::path> findConfigInEntry(std::filesystem::path const& entry);
+
 /// Appends all sources below the directory to the bundle's, but for the bundle's own configuration. Links to
 /// directories are followed; one that leads back ends in the system's refusal, named "status".
 void traverseBundleDirectory(BundleConfig& bundle, std::filesystem::path const& directory);
@@ -32,6 +36,10 @@ class FindBundle {
     /// level below.
     static std::optional<BundleConfig> findBundle(std::string const& name,
                                                   std::vector<std::string> const& paths);
+
+    /// The same in a search that others have begun: reads no further than the bundle wanted, and nothing that
+    /// has been read before.
+    static std::optional<BundleConfig> findBundle(std::string const& name, BundleSearch& search);
 
     /// All bundles on the search paths, each configuration once.
     static std::vector<BundleConfig> resolveBundleConfigFromPaths(std::vector<std::string> const& paths);
