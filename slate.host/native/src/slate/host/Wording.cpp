@@ -12,6 +12,8 @@ namespace {
 
 constexpr int deepest_array = 8;
 
+constexpr std::string_view list_in_braces = "a list in braces";
+
 std::string elementName(NodePtr const& element, int depth) {
     auto const array = element ? element->asArrayType() : nullptr;
     if (array && depth > 0)
@@ -40,9 +42,11 @@ std::string typeName(TypePtr const& type) {
     if (!type)
         return "nothing";
     if (type->isInitializerType())
-        return "a list in braces";
-    if (type->isArrayType())
-        return elementName(type, deepest_array);
+        return std::string(list_in_braces);
+    if (type->isArrayType()) {
+        auto name = elementName(type, deepest_array);
+        return name.starts_with(list_in_braces) ? "an array of lists in braces" : name;
+    }
     if (auto const model = type->asModelDeclaration())
         return model->getNameWithNamespace(".");
     return type->toString();

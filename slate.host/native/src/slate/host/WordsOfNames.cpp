@@ -106,7 +106,30 @@ void describeTypeNotFound(Site const& site, Diagnostic& diagnostic) {
 
 // 20002
 
+/// Where the attribute above has a type but no colon, what was meant as its body stands in the model's.
+bool describeMissingColon(Site const& site, Diagnostic& diagnostic) {
+    auto const position = site.statement->parent;
+    if (position == Statement::none)
+        return false;
+    auto const& above = site.source->outline.get(position);
+    auto const& tokens = site.source->tokens;
+    auto const& last = tokens.getAll()[above.end - 1];
+    bool const is_declaration = above.kind == StatementKind::Attribute && above.is_declaration;
+    if (!is_declaration || above.type_end != above.end || last.type != TokenType::Identifier)
+        return false;
+    auto const end = tokens.endOf(last);
+    diagnostic.message = fmt::format("the body of {} needs a colon behind {}", quoted(above.name),
+                                     quoted(site.source->outline.typeOf(above)));
+    diagnostic.hint = fmt::format("without it {} belongs to the model {}", quoted(site.statement->name),
+                                  quoted(site.modelName()));
+    addNote(diagnostic, diagnostic.place, fmt::format("{} stands here", quoted(site.statement->name)));
+    diagnostic.place = {site.error.getSourceId(), end.line, end.column, end.line, end.column};
+    return true;
+}
+
 void describeTarget(Site const& site, Diagnostic& diagnostic) {
+    if (describeMissingColon(site, diagnostic))
+        return;
     auto const& name = site.getToken().lexeme;
     auto const owner = modelOf(searchedType(site));
     if (!owner) {

@@ -200,6 +200,39 @@ std::string listProblem(TypePtr const& expected, Expression& value) {
     return {};
 }
 
+/// Where a value of an array does not fit; the place is narrowed to it.
+std::string elementProblem(Site const& site, Diagnostic& diagnostic, TypePtr const& expected,
+                           Expression& value) {
+    auto const type = expected->asArrayType();
+    auto const array = value.asArray();
+    auto const node = type ? type->getElement() : nullptr;
+    auto const wanted = node ? node->asType() : nullptr;
+    if (!array || !wanted)
+        return {};
+    auto const& elements = array->getElements();
+    auto const misfit = std::ranges::find_if(elements, [&](ExpressionPtr const& element) {
+        auto const given = element->getType();
+        return given && !given->isAssignableTo(wanted);
+    });
+    if (misfit == elements.end())
+        return {};
+    diagnostic.place = site.source->tokens.rangeOf((*misfit)->getFirstToken(), (*misfit)->getLastToken());
+    return fmt::format("value {} of the array is {}, but each has to be {}", misfit - elements.begin() + 1,
+                       described((*misfit)->getType()), described(wanted));
+}
+
+/// How a value that stands alone, or in braces, is written as an array.
+std::string arrayHint(Site const& site, TypePtr const& expected, Expression& value) {
+    if (!expected->isArrayType() || value.asArray())
+        return {};
+    auto text = site.source->tokens.textOf(value.getFirstToken(), value.getLastToken());
+    bool const is_in_braces = value.asInitializer() && text.starts_with('{') && text.ends_with('}');
+    if (!is_in_braces && !value.asConstant())
+        return {};
+    text = is_in_braces ? text.substr(1, text.size() - 2) : text;
+    return fmt::format("an array stands in square brackets: {}", quoted("[" + text + "]"));
+}
+
 bool hasFittingType(VarAssignment const& attribute, Expression const& value) {
     auto const expected = attribute.getType();
     auto const given = value.getType();
@@ -221,11 +254,15 @@ void describeValue(Site const& site, Diagnostic& diagnostic, VarAssignment& attr
                         quoted(name), described(expected));
         return;
     }
-    auto const problem = listProblem(expected, value);
+    auto problem = listProblem(expected, value);
+    if (problem.empty())
+        problem = elementProblem(site, diagnostic, expected, value);
     diagnostic.message = problem.empty() ? fmt::format("{} is {}, but its value is {}", quoted(name),
                                                        described(expected), described(given))
                                          : problem;
-    diagnostic.hint = literalHint(site, expected, given);
+    diagnostic.hint = arrayHint(site, expected, value);
+    if (diagnostic.hint.empty())
+        diagnostic.hint = literalHint(site, expected, given);
 }
 
 void describeNarrowing(Site const& site, Diagnostic& diagnostic, VarAssignment& attribute) {
