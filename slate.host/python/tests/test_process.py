@@ -139,7 +139,7 @@ def test_an_interrupt_within_the_core(
             assert process.poll() is None
             time.sleep(0.01)
         process.send_signal(signal.SIGINT)
-        output, errors = process.communicate(timeout=1)
+        output, errors = process.communicate(timeout=SLOWNESS)
     finally:
         process.kill()
     assert (process.returncode, output, errors) == (130, b"", b"")
@@ -161,7 +161,7 @@ def test_an_interrupt_while_waiting_for_input(command: str, environment: dict[st
         # The text is read once the core is there.
         time.sleep(0.3)
         process.send_signal(signal.SIGINT)
-        output, errors = process.communicate(timeout=1)
+        output, errors = process.communicate(timeout=SLOWNESS)
     finally:
         process.kill()
     assert (process.returncode, output, errors) == (130, b"", b"")

@@ -74,6 +74,24 @@ void widenToPath(Site const& site, Diagnostic& diagnostic, std::string_view path
         diagnostic.place = tokens.rangeOf(site.getToken(), tokens.getAll()[last]);
 }
 
+/// Where nothing that is loaded has the first name of a dotted one.
+void hintAtBundle(Site const& site, Diagnostic& diagnostic, std::string_view name) {
+    auto const dot = name.find('.');
+    if (dot == std::string_view::npos || !diagnostic.hint.empty())
+        return;
+    auto const first = name.substr(0, dot);
+    for (auto const& document : site.workspace.trees().getDocuments()) {
+        if (!mayCompare(site.workspace))
+            return;
+        auto const& segments = document->getNamespace();
+        if (std::ranges::find(segments, first) != segments.end() || document->nsLookup(first))
+            return;
+    }
+    diagnostic.hint = fmt::format("nothing that is loaded is called {}: a bundle has to stand in the "
+                                  "`dependencies` of `config.slate`",
+                                  quoted(first));
+}
+
 void describeTypeNotFound(Site const& site, Diagnostic& diagnostic) {
     if (!site.hasToken() || !site.hasStatement() || site.strings.empty())
         return;
@@ -102,6 +120,7 @@ void describeTypeNotFound(Site const& site, Diagnostic& diagnostic) {
         diagnostic.message = fmt::format("no type is named {}", quoted(name));
     }
     suggest(diagnostic, nearestType(site, name, wanted));
+    hintAtBundle(site, diagnostic, name);
 }
 
 // 20002
