@@ -8,6 +8,8 @@
 
 %include "interface/Preamble.i"
 %include "interface/Exceptions.i"
+%include "interface/Guard.i"
+%guard_methods()
 %include "interface/Conversions.i"
 %include "interface/Opaque.i"
 %include "interface/Types.i"

@@ -112,6 +112,16 @@ TEST_F(SymbolTreeTest, HasARootForEachNodeInTheOrderGiven) {
     EXPECT_EQ(linesOf(turned->collectMaxPaths()), std::string(all_of_the_machine) + "speed\n");
 }
 
+TEST_F(SymbolTreeTest, ANodeThatIsGivenTwiceHasOneRoot) {
+    auto const reporter = std::make_shared<ErrorReporter>();
+    auto const doubled = SymbolTree::create({machine, speed, machine}, reporter);
+    ASSERT_EQ(doubled->getRoots().size(), 2U);
+    EXPECT_EQ(doubled->getRoots().front().first, machine);
+    EXPECT_EQ(doubled->getRoots().back().first, speed);
+    auto const once = SymbolTree::create({machine, speed}, reporter);
+    EXPECT_EQ(linesOf(doubled->collectMaxPaths()), linesOf(once->collectMaxPaths()));
+}
+
 TEST_F(SymbolTreeTest, VariableIsALeafAndItsOwnDeclaration) {
     auto const root = tree.findRoot(*speed);
     ASSERT_TRUE(root);

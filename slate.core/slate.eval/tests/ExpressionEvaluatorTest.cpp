@@ -47,6 +47,11 @@ ConstantPtr textOfTypeString() {
     return constantOf(TokenType::String, "\"a\"", PrimitiveType::create(PrimitiveType::Kind::String));
 }
 
+/// An attribute that holds a real, whatever its type says.
+ConstantPtr ratioOf(PrimitiveType::Kind kind) {
+    return constantOf(TokenType::Identifier, "ratio", PrimitiveType::create(kind));
+}
+
 ConstantPtr name(std::string lexeme) { return constantOf(TokenType::Identifier, std::move(lexeme)); }
 
 Token tokenOf(TokenType type) { return {type, "?", 3, 9}; }
@@ -96,6 +101,12 @@ ExpressionPtr unaryWithOverloadOfTwo() {
     return expression;
 }
 
+ExpressionPtr unaryWithoutOperand() {
+    auto expression = Unary::create(tokenOf(TokenType::Minus), nullptr);
+    expression->setOverload(overloadWith(1));
+    return expression;
+}
+
 ExpressionPtr listOf(vec<ExpressionPtr> elements) {
     return Array::create(std::move(elements), tokenOf(TokenType::LeftBracket),
                          tokenOf(TokenType::RightBracket));
@@ -134,11 +145,22 @@ std::vector<HandMade> handMade() {
         {"an operand without type", unary(name("size")), "undefined", ""},
         {"another operator for integers", binary(Dot, intOf("3"), intOf("2")), "0", ""},
         {"another operator for reals", binary(Dot, realOf("3"), intOf("2")), "0.0", ""},
+        {"a real that is to be an integer", binary(Plus, ratioOf(PrimitiveType::Kind::Int), intOf("1")),
+         "undefined", "20005 3:4"},
+        {"an integer and a real that is to be one",
+         binary(Plus, intOf("1"), ratioOf(PrimitiveType::Kind::Int)), "undefined", "20005 3:4"},
+        {"a real that is one", binary(Plus, intOf("1"), ratioOf(PrimitiveType::Kind::Real)), "2.5", ""},
+        {"an operator without left operand", binary(Plus, nullptr, intOf("1")), "undefined", ""},
+        {"an operator without right operand", binary(Plus, intOf("1"), nullptr), "undefined", ""},
+        {"an operator without its only operand", unary(nullptr), "undefined", ""},
+        {"an overload without its operand", unaryWithoutOperand(), "undefined", ""},
         {"the opposite of a text", unary(textOfTypeString()), "undefined", ""},
         {"a call without method", Call::create(name("area"), {}), "undefined", ""},
         {"a member of a number", MemberAccess::create(intOf("1"), Token::Identifier("size")), "undefined",
          "30002 0:0"},
         {"a list", listOf({intOf("1"), textOfTypeString(), listOf({})}), "[1, 'a', []]", ""},
+        {"a list with a gap", listOf({intOf("1"), nullptr}), "undefined", ""},
+        {"an index that is absent", Indexing::create(listOf({intOf("1")}), nullptr), "undefined", ""},
         {"an index into a number", Indexing::create(intOf("1"), intOf("0")), "undefined", ""},
         {"an index that is no integer", Indexing::create(listOf({intOf("1")}), realOf("0")), "undefined", ""},
         {"an index out of bounds", Indexing::create(listOf({intOf("1")}), intOf("1")), "undefined",
@@ -151,6 +173,7 @@ std::vector<HandMade> handMade() {
 std::string evaluated(ExpressionPtr const& expression, DocPtr const& document) {
     auto const here = std::make_shared<Object>("here");
     here->setDynamic("size", Any(std::int64_t{2}));
+    here->setDynamic("ratio", Any(1.5));
     auto const reporter = std::make_shared<ErrorReporter>();
     ExpressionEvaluator evaluator(std::make_shared<EvaluatorContext>(), reporter);
     evaluator.setDocument(document);
@@ -183,6 +206,23 @@ TEST(ExpressionsByHand, WithoutAnObjectThereIsNoThis) {
     EXPECT_TRUE(evaluator.evaluate(name("size"), nullptr).isUndefined());
     EXPECT_EQ(reporter->getErrorCount(), 1U);
     EXPECT_TRUE(evaluator.evaluate(nullptr, nullptr).isUndefined());
+}
+
+TEST(ExpressionsByHand, AnOverloadWithoutResultTypeMayAnswerAnything) {
+    auto const natives = std::make_shared<EvaluatorContext>();
+    natives->registerUnaryOperatorMethod(overloadWith(1)->getOverloadName().c_str(),
+                                         [](Any operand) { return operand; });
+    auto const here = std::make_shared<Object>("here");
+    auto const reporter = std::make_shared<ErrorReporter>();
+    ExpressionEvaluator evaluator(natives, reporter);
+    evaluator.setCurrentObject(here);
+    for (auto const& value : {Any(here), Any(1.5), Any(std::string("text")), Any(true)}) {
+        here->setDynamic("value", value);
+        auto const expression = Unary::create(tokenOf(TokenType::Minus), name("value"));
+        expression->setOverload(overloadWith(1));
+        EXPECT_EQ(textOf(evaluator.evaluate(expression, nullptr)), textOf(value));
+    }
+    EXPECT_EQ(reporter->getErrorCount(), 0U);
 }
 
 TEST(ExpressionsByHand, AFailureLeavesNothingForTheNextOne) {

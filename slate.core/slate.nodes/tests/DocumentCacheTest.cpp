@@ -29,6 +29,16 @@ TEST(DocumentCache, FirstOfferIsTaken) {
     EXPECT_EQ(document->nsLookup("Body"), nullptr);
 }
 
+TEST(DocumentCache, OfferWithoutNodeOrWithoutSourceIsNone) {
+    auto const document = Testing::document("a.b");
+    auto const body = model("Body");
+    document->cacheNsLookup("x", body, nullptr);
+    EXPECT_EQ(document->nsLookup("x"), nullptr);
+    document->cacheNsLookup("x", body, Testing::document("elsewhere"));
+    document->cacheNsLookup("x", nullptr, Testing::document("a.b"));
+    EXPECT_EQ(document->nsLookup("x"), body);
+}
+
 TEST(DocumentCache, LaterOfferIsTakenOnlyIfItsNamespaceIsNearerThanTheKey) {
     for (auto const& [asking, key, offering, replaces] : std::vector<Offer>{
              {"a.b", "x", "c", false},           // nothing in common against nothing

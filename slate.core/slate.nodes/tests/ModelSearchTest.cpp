@@ -117,6 +117,8 @@ TEST(ModelSearch, DeclarationForSegmentsIsThatOfTheJoinedPath) {
     EXPECT_EQ(body->lookupDeclarationFromSegments(segments("b.c"), 0, 1), x);
     EXPECT_EQ(body->lookupDeclarationFromSegments(segments("a.b.c.d"), 1, 3), nullptr);
     EXPECT_EQ(body->lookupDeclarationFromSegments(segments("a.b.c.d"), 1, 1), nullptr);
+    EXPECT_EQ(body->lookupDeclarationFromSegments(segments("b.c"), 1, 0), nullptr);
+    EXPECT_EQ(body->lookupDeclarationFromSegments(segments("b.c"), 0, 2), nullptr);
 }
 
 TEST(ModelSearch, DeclarationForSegmentsIsSoughtInTraitsBeforeTheParent) {

@@ -2,6 +2,7 @@
 
 #include "slate/Document.h"
 #include "slate/ParserImpl.h"
+#include "slate/ParserLoops.h"
 #include "slate/testing/ErrorDump.h"
 #include "slate/testing/LogCapture.h"
 
@@ -76,6 +77,20 @@ TEST_F(Cursor, ADocumentBehindTheEndOfTheTokensIsEmpty) {
     EXPECT_TRUE(parser.parseDocument()->getMembers().empty());
     EXPECT_THAT(log.texts(),
                 ElementsAre("error Slate::ParserImpl::peekType: Unexpected end of tokens in test.slate"));
+}
+
+TEST_F(Cursor, ARoundThatConsumedNothingIsLoggedAndTakesAToken) {
+    auto parser = parserOf("a b c");
+    LogCapture const log;
+    ParserImpl::ProgressGuard guard(parser);
+    guard.beginRound();
+    EXPECT_EQ(parser.consume().lexeme, "a");
+    guard.beginRound();
+    EXPECT_THAT(log.texts(), ElementsAre());
+    guard.beginRound();
+    EXPECT_THAT(log.texts(), ElementsAre("error Slate::ParserImpl::ProgressGuard::beginRound: "
+                                         "No progress at token 1 of test.slate"));
+    EXPECT_EQ(parser.consume().lexeme, "c");
 }
 
 TEST_F(Cursor, PreviousIsInvalidUntilSomethingIsConsumed) {

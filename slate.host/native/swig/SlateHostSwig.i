@@ -19,7 +19,9 @@
 #include "slate/host/TreeNode.h"
 
 #include <cstdint>
+#include <iterator>
 #include <string_view>
+#include <utility>
 #include <vector>
 %}
 
@@ -33,6 +35,7 @@ from __future__ import annotations
 %pythoncode "interface/values.py"
 
 %include "interface/Failures.i"
+%guard_methods()
 %include "interface/Conversions.i"
 %include "interface/TreeNode.i"
 %include "interface/Diagnostics.i"

@@ -18,7 +18,7 @@ constexpr std::size_t slotOf(std::string_view word) {
     return (letter(0) + 3U * letter(1) + 5U * word.size()) % slot_count;
 }
 
-constexpr std::array<Keyword, slot_count> makeSlots() {
+consteval std::array<Keyword, slot_count> makeSlots() {
     std::array<Keyword, slot_count> slots{};
     for (auto const& keyword : keywords)
         slots[slotOf(keyword.word)] = keyword;

@@ -83,12 +83,12 @@ class ParserImpl {
     /// The same, but skips the line of the current token first in any case.
     void synchronizeLine(col_t column);
 
+    /// Stands at the head of a loop over items: a round that consumes nothing would go on for ever.
+    class ProgressGuard;
+
   private:
     /// One level of nesting, for as long as it lives.
     class NestingLevel;
-
-    /// Stands at the head of a loop over items: a round that consumes nothing would go on for ever.
-    class ProgressGuard;
 
     /// A path, and whether reading it went wrong; then it has been reported.
     struct Path {
