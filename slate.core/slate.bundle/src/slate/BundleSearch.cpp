@@ -25,7 +25,7 @@ std::optional<fs::path> BundleSearch::nextConfig() {
     }
 }
 
-BundleConfig const& BundleSearch::add(BundleConfig bundle) {
+BundleConfig const& BundleSearch::add(BundleConfig&& bundle) {
     auto name = bundle.name;
     return bundles_.try_emplace(std::move(name), std::move(bundle)).first->second;
 }

@@ -22,7 +22,7 @@ class BundleSearch {
     std::optional<std::filesystem::path> nextConfig();
 
     /// Keeps a bundle for `find`; the first of a name stays.
-    BundleConfig const& add(BundleConfig bundle);
+    BundleConfig const& add(BundleConfig&& bundle);
 
     /// The bundle of that name among those added; null if there is none.
     BundleConfig const* find(std::string_view name) const;
