@@ -10,6 +10,8 @@ namespace {
 // Replacing `operator new` leaves no other place to keep the count. The benchmarks run in one thread.
 std::size_t current_bytes = 0;
 std::size_t peak_bytes = 0;
+std::size_t allocation_count = 0;
+std::size_t allocated_bytes = 0;
 
 } // namespace
 
@@ -19,6 +21,8 @@ void* operator new(std::size_t size) {
         throw std::bad_alloc();
     current_bytes += malloc_usable_size(block);
     peak_bytes = std::max(peak_bytes, current_bytes);
+    ++allocation_count;
+    allocated_bytes += size;
     return block;
 }
 
@@ -37,5 +41,9 @@ std::size_t currentHeapBytes() { return current_bytes; }
 std::size_t peakHeapBytes() { return peak_bytes; }
 
 void resetPeakHeapBytes() { peak_bytes = current_bytes; }
+
+std::size_t allocationCount() { return allocation_count; }
+
+std::size_t allocatedBytes() { return allocated_bytes; }
 
 } // namespace Slate::Benchmarks

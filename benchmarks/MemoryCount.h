@@ -11,4 +11,8 @@ std::size_t currentHeapBytes();
 std::size_t peakHeapBytes();
 void resetPeakHeapBytes();
 
+/// How often this program has allocated, and how many bytes it has asked for, also those that it has freed.
+std::size_t allocationCount();
+std::size_t allocatedBytes();
+
 } // namespace Slate::Benchmarks

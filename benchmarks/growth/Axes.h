@@ -1,25 +1,27 @@
 #pragma once
 
-#include <cstddef>
-#include <string>
-#include <vector>
+#include "Axis.h"
 
 namespace Slate::Benchmarks {
 
-/// A text and the namespace that it stands in.
-struct GrowthSource {
-    std::vector<std::string> name_space;
-    std::string text;
-};
+/// Texts that are scanned and parsed, and their trees taken apart.
+std::vector<Axis> parsingAxes();
 
-/// A way in which programs grow: for each size a program without mistakes whose last model is unfolded.
-struct Axis {
-    char const* name;
-    /// The first of six sizes, each twice the one before.
-    std::size_t first_size;
-    std::vector<GrowthSource> (*generate)(std::size_t size);
-};
+/// Programs without mistakes that are analysed, and their last model unfolded.
+std::vector<Axis> analysisAxes();
 
-std::vector<Axis> const& growthAxes();
+/// Programs that are loaded, from the text to the objects, and objects that are printed as JSON.
+std::vector<Axis> objectAxes();
+
+/// Loads of programs with many mistakes of one kind, and the words for them.
+std::vector<Axis> errorAxes();
+
+/// Bundles on disk, from the files to an analysis; and what a context gathers.
+std::vector<Axis> bundleAxes();
+
+/// Edits that are worked out for programs which have been analysed.
+std::vector<Axis> refactoringAxes();
+
+std::vector<Axis> allAxes();
 
 } // namespace Slate::Benchmarks

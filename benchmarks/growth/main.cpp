@@ -1,22 +1,23 @@
-// How the time of an analysis grows with what is analysed: along each axis six programs, each twice the size
-// of the one before. The exponent is the slope of the times in a doubly logarithmic picture: 1 is linear.
+// How that grows which slate costs, with what it is given: along each axis six sizes, each twice the one
+// before. Prints the exponents beside their bounds, as a table for docs/performance.md; status 1 if one is
+// beyond.
 //
-// Run by hand: slate.growth [part of an axis's name [size]]. With a size it analyses one program of that size
-// once, for tools that count instructions.
+// Run by hand: slate.growth [--instructions] [PART_OF_A_NAME [SIZE]]. Times are those of this machine and
+// moment, and allocations are counted. With `--instructions` these are counted as well, in the first four
+// sizes and within valgrind, which takes minutes. With a size, the works of that size run once, for other
+// tools.
 
 #include "Axes.h"
-#include "slate/Document.h"
-#include "slate/ModelDeclaration.h"
-#include "slate/Parser.h"
-#include "slate/Passes.h"
-#include "slate/SortTopologically.h"
-#include "slate/SymbolTree.h"
+#include "Growth.h"
 
 #include <fmt/format.h>
+#include <spdlog/spdlog.h>
 
-#include <chrono>
-#include <cmath>
+#include <array>
+#include <cstdio>
 #include <cstdlib>
+#include <exception>
+#include <filesystem>
 #include <stdexcept>
 #include <string_view>
 
@@ -24,83 +25,104 @@ namespace Slate::Benchmarks {
 
 namespace {
 
-constexpr std::size_t doublings = 5;
-constexpr int usual_runs = 3;
+constexpr std::size_t sizes_of_an_axis = 6;
+constexpr std::size_t sizes_with_instructions = 3;
 
-using Sources = std::vector<std::shared_ptr<DocumentContext>>;
-
-Sources parse(std::vector<GrowthSource> const& texts, std::shared_ptr<ErrorReporter> const& reporter) {
-    Sources sources;
-    auto const bundle = std::make_shared<Bundle::BundleConfig const>();
-    for (auto const& text : texts) {
-        auto document = Parser::parse(text.text, "growth.slate", reporter);
-        for (auto const& segment : text.name_space)
-            document->appendToNamespace(segment);
-        sources.push_back(std::make_shared<DocumentContext>("", "growth.slate", bundle, std::move(document)));
-    }
-    return sources;
+double countInstructions(Axis const& axis, std::size_t size) {
+    auto const program = std::filesystem::read_symlink("/proc/self/exe").string();
+    auto const command = fmt::format("valgrind --tool=callgrind --callgrind-out-file=/dev/null "
+                                     "'--toggle-collect=*runMeasured*' '{}' '{}' {} 2>&1",
+                                     program, axis.name, size);
+    auto* const output = popen(command.c_str(), "r");
+    if (output == nullptr)
+        throw std::runtime_error("valgrind can not be started");
+    std::string text;
+    std::array<char, 4096> piece{};
+    while (auto const length = std::fread(piece.data(), 1, piece.size(), output))
+        text.append(piece.data(), length);
+    constexpr std::string_view label = "Collected : ";
+    auto const place = text.find(label);
+    if (pclose(output) != EXIT_SUCCESS || place == std::string::npos)
+        throw std::runtime_error(text);
+    return std::strtod(text.c_str() + place + label.size(), nullptr);
 }
 
-void analyze(Sources const& sources, std::shared_ptr<ErrorReporter> const& reporter) {
-    auto const model =
-        sources.back()->document->findLastMemberOfType(NodeType::ModelDeclaration)->asModelDeclaration();
-    std::vector<Analysis::BundleLookup> const bundles{{"bundle", sources}};
-    auto const context = std::make_shared<Analysis::AnalysisContext>(bundles, reporter);
-    context->cacheNsLookups();
-    Analysis::runPasses(sources, context, true);
-    context->initSymbolTree(context->findTopoNodesFor(model));
-    context->getSymbolTree()->reportMissingAssignments();
-    sortTopologically(model, context->getSymbolTree(), reporter);
-}
+struct Result {
+    Exponents exponents;
+    Cost last;
+};
 
-std::string describe(Error const& error) {
-    return fmt::format("the generated program has mistakes: {} at {}:{}", error.getErrorCode(),
-                       error.getLine(), error.getColumn());
-}
-
-/// The best of some runs, in milliseconds; parsing does not count, letting go of the symbol tree does.
-double measure(std::vector<GrowthSource> const& texts, int runs) {
-    auto best = std::numeric_limits<double>::max();
-    for (int run = 0; run < runs; ++run) {
-        auto const reporter = std::make_shared<ErrorReporter>();
-        auto const sources = parse(texts, reporter);
-        auto const start = std::chrono::steady_clock::now();
-        analyze(sources, reporter);
-        std::chrono::duration<double, std::milli> const time = std::chrono::steady_clock::now() - start;
-        best = std::min(best, time.count());
-        if (reporter->getErrorCount() > 0)
-            throw std::logic_error(describe(*reporter->getErrors().front()));
-    }
-    return best;
-}
-
-/// The slope of the line through the logarithms, fitted by least squares; each step is one doubling.
-double exponentOf(std::vector<double> const& times) {
-    auto const count = static_cast<double>(times.size());
-    double sum_x = 0;
-    double sum_y = 0;
-    double sum_xx = 0;
-    double sum_xy = 0;
-    for (std::size_t i = 0; i < times.size(); ++i) {
-        auto const x = static_cast<double>(i);
-        auto const y = std::log2(times[i]);
-        sum_x += x;
-        sum_y += y;
-        sum_xx += x * x;
-        sum_xy += x * y;
-    }
-    return (count * sum_xy - sum_x * sum_y) / (count * sum_xx - sum_x * sum_x);
-}
-
-void printAxis(Axis const& axis) {
-    fmt::print("{:<38}{:>7}", axis.name, axis.first_size);
+Result follow(Axis const& axis, bool with_instructions) {
     std::vector<double> times;
-    for (std::size_t i = 0; i <= doublings; ++i) {
-        times.push_back(measure(axis.generate(axis.first_size << i), usual_runs));
-        fmt::print("{:>10.2f}", times.back());
-        std::fflush(stdout);
+    std::vector<double> allocations;
+    std::vector<double> bytes;
+    std::vector<double> instructions;
+    Cost cost{};
+    for (std::size_t i = 0; i < sizes_of_an_axis; ++i) {
+        cost = measure(axis.generate(axis.first_size << i));
+        times.push_back(cost.milliseconds);
+        allocations.push_back(cost.allocations);
+        bytes.push_back(cost.bytes);
+        if (with_instructions && i < sizes_with_instructions)
+            instructions.push_back(countInstructions(axis, axis.first_size << i));
     }
-    fmt::print("{:>10.2f}\n", exponentOf(times));
+    Exponents exponents{exponentOf(times), exponentOf(allocations), exponentOf(bytes), std::nullopt};
+    if (with_instructions)
+        exponents.instructions = exponentOf(instructions);
+    return {exponents, cost};
+}
+
+/// Answers whether the axis is within its bounds.
+bool print(Axis const& axis, bool with_instructions) {
+    auto const result = follow(axis, with_instructions);
+    auto const& exponents = result.exponents;
+    auto const is_within = isWithin(exponents, axis.bounds);
+    auto const instructions =
+        exponents.instructions ? fmt::format("{:.2f}", *exponents.instructions) : std::string();
+    fmt::print("| {:<48} | {:>9} | {:>8.1f} | {:>4.2f} | {:>4.2f} | {:>11.2f} | {:>5.2f} | {:>12} | {:>6.2f} "
+               "|{}{}\n",
+               axis.name, axis.first_size << (sizes_of_an_axis - 1), result.last.milliseconds, exponents.time,
+               axis.bounds.time, exponents.allocations, exponents.bytes, instructions, axis.bounds.counts,
+               *axis.reason == '\0' ? "" : fmt::format(" {} |", axis.reason),
+               is_within ? "" : " above its bound");
+    std::fflush(stdout);
+    return is_within;
+}
+
+bool printAll(std::string_view wanted, bool with_instructions) {
+    fmt::print("| {:<48} | {:>9} | {:>8} | {:>4} | {:>4} | {:>11} | {:>5} | {:>12} | {:>6} |\n", "Axis",
+               "last size", "ms", "time", "most", "allocations", "bytes", "instructions", "most");
+    fmt::print("|---|---|---|---|---|---|---|---|---|\n");
+    bool are_within = true;
+    for (auto const& axis : allAxes()) {
+        if (axis.name.find(wanted) == std::string::npos)
+            continue;
+        try {
+            are_within = print(axis, with_instructions) && are_within;
+        } catch (std::logic_error const& failure) {
+            are_within = false;
+            fmt::print("{}: {}\n", axis.name, failure.what());
+        }
+    }
+    return are_within;
+}
+
+void runAll(std::string_view wanted, std::size_t size) {
+    for (auto const& axis : allAxes()) {
+        if (axis.name.find(wanted) != std::string::npos)
+            runOnce(axis.generate(size));
+    }
+}
+
+bool run(std::vector<std::string_view> arguments) {
+    auto const with_instructions = !arguments.empty() && arguments.front() == "--instructions";
+    if (with_instructions)
+        arguments.erase(arguments.begin());
+    auto const wanted = arguments.empty() ? std::string_view() : arguments.front();
+    if (arguments.size() < 2)
+        return printAll(wanted, with_instructions);
+    runAll(wanted, std::strtoul(arguments[1].data(), nullptr, 10));
+    return true;
 }
 
 } // namespace
@@ -108,17 +130,12 @@ void printAxis(Axis const& axis) {
 } // namespace Slate::Benchmarks
 
 int main(int argument_count, char** arguments) {
-    std::string_view const wanted = argument_count > 1 ? arguments[1] : "";
-    auto const size = argument_count > 2 ? std::strtoul(arguments[2], nullptr, 10) : 0;
-    fmt::print("{:<38}{:>7}{:>60}{:>10}\n", "axis", "size", "milliseconds, each size twice the one before",
-               "exponent");
-    for (auto const& axis : Slate::Benchmarks::growthAxes()) {
-        if (std::string_view(axis.name).find(wanted) == std::string_view::npos)
-            continue;
-        if (size > 0)
-            fmt::print("{}: {:.2f} ms\n", axis.name, Slate::Benchmarks::measure(axis.generate(size), 1));
-        else
-            Slate::Benchmarks::printAxis(axis);
+    spdlog::set_level(spdlog::level::off); // of what is measured, the log is no part
+    try {
+        auto const are_within = Slate::Benchmarks::run({arguments + 1, arguments + argument_count});
+        return are_within ? EXIT_SUCCESS : EXIT_FAILURE;
+    } catch (std::exception const& failure) {
+        std::fputs(failure.what(), stderr);
+        return EXIT_FAILURE;
     }
-    return 0;
 }

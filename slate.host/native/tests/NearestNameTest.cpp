@@ -21,7 +21,14 @@ TEST(EditDistance, CountsInsertedDroppedReplacedAndSwappedLetters) {
     EXPECT_EQ(editDistance("kength", "length", 3), 1U);
     EXPECT_EQ(editDistance("", "abc", 3), 3U);
     EXPECT_EQ(editDistance("abc", "xyz", 1), 2U);
-    EXPECT_EQ(editDistance(std::string(100, 'a'), std::string(100, 'a') + "b", 3), 4U);
+}
+
+TEST(EditDistance, WordsOfMoreThan64LettersAreFarFromAll) {
+    std::string const longest(64, 'a');
+    EXPECT_EQ(editDistance(longest.substr(1), longest, 3), 1U);
+    EXPECT_EQ(editDistance(longest, longest.substr(1) + "b", 3), 1U);
+    EXPECT_EQ(editDistance(longest, longest + "a", 3), 4U);
+    EXPECT_EQ(editDistance(longest + "a", longest + "a", 3), 4U);
 }
 
 TEST(NearestName, FindsWhatWasMeant) {

@@ -12,7 +12,7 @@ import xml.etree.ElementTree
 from pathlib import Path
 
 import pytest
-from conftest import TIME_LIMIT_S, Run, Write
+from conftest import SLOWNESS, TIME_LIMIT_S, Run, Write
 
 EXAMPLES = Path(os.environ["SLATE_EXAMPLES"])
 GRAPHS = Path(__file__).parent / "graphs"

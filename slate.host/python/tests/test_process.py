@@ -11,7 +11,7 @@ import time
 from pathlib import Path
 
 import pytest
-from conftest import TIME_LIMIT_S, Run, Write
+from conftest import SLOWNESS, TIME_LIMIT_S, Run, Write
 
 MILL = "Mill:\n    length is Real: 1\n"
 BROKEN = "Mill:\n    length is Float\n"

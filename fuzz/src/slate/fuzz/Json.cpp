@@ -8,6 +8,9 @@ namespace Slate::Fuzz {
 
 namespace {
 
+// Libraries refuse what slate leaves as it is: bytes that are no UTF-8, and control characters within
+// strings. To hide these from one would take a walk over all strings, escapes and ends included, and that is
+// most of what stands here.
 class JsonReader {
   public:
     explicit JsonReader(std::string_view text) : rest_(text) {}
