@@ -1,11 +1,12 @@
 // Trees that no source leads to, as hosts can make them: the analysis takes them without a word.
 
 #include "slate/Annotation.h"
+#include "slate/BinaryOp.h"
+#include "slate/Call.h"
 #include "slate/Constant.h"
 #include "slate/Document.h"
+#include "slate/Indexing.h"
 #include "slate/ModelDeclaration.h"
-#include "slate/PrimitiveType.h"
-#include "slate/Unary.h"
 #include "slate/VarAssignment.h"
 #include "slate/testing/Analyze.h"
 
@@ -13,6 +14,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Slate {
 
@@ -33,14 +35,9 @@ ConstantPtr constant(TokenType type, std::string lexeme) {
     return Constant::create(Token(type, std::move(lexeme), 1, 1));
 }
 
-/// A model that is analysed once more with one more member.
+/// A program that is analysed, changed, and analysed once more.
 class HandMadeTrees : public testing::Test {
   protected:
-    void analyzeWith(NodePtr const& member) {
-        machine->appendToMembers(member);
-        program.analyzeAgain();
-    }
-
     Analyzed program = analyze(R"(
         Frame:
             width is Real: 1
@@ -60,20 +57,30 @@ TEST_F(HandMadeTrees, AnAnnotationWithoutValueIsPassedOver) {
     EXPECT_EQ(dumpTypes(machine->getAnnotations().back()->getValue()), "7:Int");
 }
 
-TEST_F(HandMadeTrees, AnOperatorWithoutOperandHasNoType) {
-    auto const value = Unary::create(Token(TokenType::Minus, "-", 1, 1), nullptr);
-    analyzeWith(attribute("depth", "Real", value));
-    EXPECT_EQ(program.errors(), "");
-    EXPECT_EQ(value->getType(), nullptr);
-    EXPECT_TRUE(value->isValid());
-}
+TEST_F(HandMadeTrees, AnExpressionWithAGapHasNoType) {
+    struct Row {
+        char const* description;
+        ExpressionPtr value;
+        bool is_valid = true;
+    };
 
-TEST_F(HandMadeTrees, AConstantOfAnotherTokenHasNoType) {
-    auto const value = constant(TokenType::Plus, "+");
-    analyzeWith(attribute("depth", "Real", value));
-    EXPECT_EQ(program.errors(), "");
-    EXPECT_EQ(value->getType(), nullptr);
-    EXPECT_TRUE(value->isValid());
+    auto const one = [] { return constant(TokenType::Number, "1"); };
+    auto const plus = Token(TokenType::Plus, "+", 1, 1);
+    auto number = 0;
+    for (auto const& [description, value, is_valid] : std::vector<Row>{
+             {"an operator without left operand", BinaryOp::create(nullptr, one(), plus)},
+             {"an operator without right operand", BinaryOp::create(one(), nullptr, plus)},
+             {"an index into nothing", Indexing::create(nullptr, one())},
+             {"an index that is absent", Indexing::create(one(), nullptr)},
+             {"a call of nothing", Call::create(nullptr, {}), false},
+             {"a constant of another token", constant(TokenType::Plus, "+")},
+         }) {
+        machine->appendToMembers(attribute("depth" + std::to_string(++number), "Real", value));
+        program.analyzeAgain();
+        EXPECT_EQ(program.errors(), "") << description;
+        EXPECT_EQ(value->getType(), nullptr) << description;
+        EXPECT_EQ(value->isValid(), is_valid) << description;
+    }
 }
 
 TEST_F(HandMadeTrees, AValueInTheBodyOfAVariableSeesTheAttributesOfItsType) {

@@ -217,6 +217,22 @@ TEST(RandomPaths, OuterTypesAreThoseOfEachPathApart) {
     EXPECT_GE(typed, 1000);
 }
 
+TEST(RandomPaths, TheSortSetsTheOuterTypesOfEachPathApart) {
+    std::size_t typed = 0;
+    forEachRandomProgram(60, [&](Analyzed& program, Dice& /*dice*/) {
+        auto const tree = growTree(program);
+        sortTopologically(program.model, tree, std::make_shared<ErrorReporter>());
+        for (auto const& path : program.model->getTopologicalSort()) {
+            auto const copy = path->prefix(0);
+            copy->setOuterTypes(plainOuterTypes(*tree, *path));
+            auto const expected = outerTypesIn(*copy);
+            EXPECT_EQ(outerTypesIn(*path), expected) << path->toFullString();
+            typed += std::ranges::count_if(expected, [](auto const& type) { return type != nullptr; }) > 1;
+        }
+    });
+    EXPECT_GE(typed, 500);
+}
+
 TEST(RandomPaths, OuterPathEndsAtTheObjectThatHoldsTheAttribute) {
     std::map<std::size_t, std::size_t> counts; // by how many steps are left out
     forEachRandomProgram(100, [&](Analyzed& program, Dice& dice) {

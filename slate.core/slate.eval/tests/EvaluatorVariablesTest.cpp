@@ -1,8 +1,11 @@
 // Values of top-level variables, visited where they are read.
 
 #include "Natives.h"
+#include "slate/Document.h"
 #include "slate/Evaluator.h"
+#include "slate/ExpressionEvaluator.h"
 #include "slate/ModelDeclaration.h"
+#include "slate/VarAssignment.h"
 #include "slate/testing/Evaluate.h"
 
 #include <gtest/gtest.h>
@@ -93,6 +96,31 @@ Any throwOnce(std::vector<Any> /*arguments*/) {
     return Any(std::int64_t{1});
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): natives take their arguments by value
+Any makePart(std::vector<Any> /*arguments*/) {
+    nativeCalls().emplace_back("make");
+    auto const part = std::make_shared<Object>("part");
+    part->setDynamic("size", Any(std::int64_t{3}));
+    return Any(part);
+}
+
+TEST(VariablesOfNatives, TheOwnerOfAMemberIsComputedOnce) {
+    nativeCalls().clear();
+    auto const analyzed = analyze(R"(
+        Part:
+            size is Int: 1
+            static fn make() -> Part
+        Machine:
+            x is Int: Part.make().size
+    )");
+    auto const natives = std::make_shared<EvaluatorContext>();
+    natives->registerStaticMethod("Part::make", makePart);
+    auto const root = Evaluator(natives, analyzed.reporter).evalModel(analyzed.model);
+    ASSERT_TRUE(root);
+    EXPECT_EQ(textOf(root->getDynamic("x")), "3");
+    EXPECT_EQ(nativeCalls().size(), 1U);
+}
+
 TEST(VariablesOfNatives, AnExceptionOfANativeLeavesNothingBehind) {
     nativeCalls().clear();
     auto const analyzed = analyze(R"(
@@ -110,6 +138,24 @@ TEST(VariablesOfNatives, AnExceptionOfANativeLeavesNothingBehind) {
     ASSERT_TRUE(root);
     EXPECT_EQ(textOf(root->getDynamic("x")), "3");
     EXPECT_EQ(nativeCalls().size(), 3U); // the one that failed, and one each for `v` and `x`
+}
+
+TEST(VariablesOfNatives, AnExceptionOfANativeLeavesNoVariableAtWork) {
+    nativeCalls().clear();
+    auto const analyzed = analyze(R"(
+        Tool:
+            static fn call() -> Int
+        v is Int: Tool.call()
+        Machine:
+            x is Int: v
+    )");
+    auto const natives = std::make_shared<EvaluatorContext>();
+    natives->registerStaticMethod("Tool::call", throwOnce);
+    ExpressionEvaluator evaluator(natives, analyzed.reporter);
+    evaluator.setDocument(analyzed.documents.front());
+    auto const value = analyzed.model->findFirstMemberWithType("x")->getValue();
+    EXPECT_THROW(evaluator.evaluate(value, nullptr), std::runtime_error);
+    EXPECT_EQ(textOf(evaluator.evaluate(value, nullptr)), "1");
 }
 
 TEST(VariablesOfNatives, AfterAnExceptionOfANativeTheNextTreeIsItsOwn) {

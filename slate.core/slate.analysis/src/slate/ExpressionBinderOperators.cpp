@@ -33,8 +33,6 @@ TypePtr elementType(TypePtr const& type) {
 
 void ExpressionBinder::bindUnary(Unary& node) {
     auto const& operand = node.getOperand();
-    if (!operand)
-        return;
     bind(operand);
     auto const type = operand->getType();
     if (!type) {
