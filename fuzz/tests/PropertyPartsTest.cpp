@@ -65,6 +65,16 @@ TEST(ErrorPlaces, KnowThatAnUnknownByteSwallowsTheNext) {
     EXPECT_NE(errors("A\nB"), "");
 }
 
+TEST(ErrorPlaces, OfMissingValuesMayBeInAnotherSource) {
+    SourceTexts const sources{{"a", "A:\n    x is Int\n"}, {"b", "\n\n\nB:\n    a is A\n"}};
+    auto const is_misplaced = [&](ErrorCode code, line_t line) {
+        return !describeMisplaced({Error::create(code, line, 5, "a")}, sources).empty();
+    };
+    EXPECT_FALSE(is_misplaced(ErrMissingAssignment, 5));
+    EXPECT_TRUE(is_misplaced(ErrMissingAssignment, 7));
+    EXPECT_TRUE(is_misplaced(ErrTypeNotFound, 5));
+}
+
 TEST(UnfoldingSize, TellsWhatGrowsWithEachLevel) {
     std::string sums;
     std::string lists = "l0 is Int[]: [1]\n";

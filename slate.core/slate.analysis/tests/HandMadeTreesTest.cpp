@@ -57,6 +57,18 @@ TEST_F(HandMadeTrees, AnAnnotationWithoutValueIsPassedOver) {
     EXPECT_EQ(dumpTypes(machine->getAnnotations().back()->getValue()), "7:Int");
 }
 
+TEST_F(HandMadeTrees, ATraitThatWasMadeToExtendAModelIsReportedNowhere) {
+    auto changed = analyze(R"(
+        trait Painted:
+            color is Int: 1
+        Machine:
+            size is Real: 3
+    )");
+    changed.findModel("Painted")->setExtends(changed.findModel("Machine"));
+    changed.analyzeAgain();
+    EXPECT_EQ(changed.errors(), "20015 0:0 ''");
+}
+
 TEST_F(HandMadeTrees, AnExpressionWithAGapHasNoType) {
     struct Row {
         char const* description;

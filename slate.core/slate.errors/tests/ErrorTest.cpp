@@ -113,6 +113,15 @@ TEST(Error, EachNamedClassHasItsNumberPositionSourceIdAndString) {
     }
 }
 
+TEST(Error, OfAPathWithoutNamesStandsNowhere) {
+    for (auto const& error : std::vector<std::shared_ptr<StringParameterError>>{
+             TypeNotFound::create({}, "a.slate"), ExpectedTrait::create({}, "a.slate")}) {
+        EXPECT_EQ(error->getLine(), 0U) << error->getErrorCode();
+        EXPECT_EQ(error->getColumn(), 0U) << error->getErrorCode();
+        EXPECT_EQ(error->getStringParameter(), "") << error->getErrorCode();
+    }
+}
+
 TEST(Error, StringParameterErrorTakesAnyNumber) {
     auto const error = StringParameterError::create(12345, 3, 5, "a.slate", "text");
     EXPECT_EQ(error->getErrorCode(), 12345U);

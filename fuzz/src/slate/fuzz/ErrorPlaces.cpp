@@ -3,6 +3,7 @@
 #include "slate/testing/ErrorDump.h"
 
 #include <algorithm>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -74,14 +75,24 @@ class Lines {
 } // namespace
 
 std::string describeMisplaced(Errors const& errors, SourceTexts const& sources) {
+    std::map<std::string, Lines> lines;
+    for (auto const& [id, text] : sources)
+        lines.try_emplace(id, id, text, errors);
+    auto const is_in = [&](auto const& source, Error const& error) {
+        return source.second.hasPlaceOf(error);
+    };
     std::string description;
-    for (auto const& [id, text] : sources) {
-        Lines const lines(id, text, errors);
-        for (auto const& error : errors) {
-            bool const has_place = error->getLine() != 0 || error->getColumn() != 0;
-            if (error->getSourceId() == id && has_place && !lines.hasPlaceOf(*error))
-                description += Testing::dumpError(*error, true) + "\n";
-        }
+    for (auto const& error : errors) {
+        auto const named = lines.find(error->getSourceId());
+        if (named == lines.end() || (error->getLine() == 0 && error->getColumn() == 0))
+            continue;
+        bool const may_be_elsewhere = error->getErrorCode() == ErrMissingAssignment;
+        bool const has_place =
+            may_be_elsewhere
+                ? std::ranges::any_of(lines, [&](auto const& source) { return is_in(source, *error); })
+                : is_in(*named, *error);
+        if (!has_place)
+            description += Testing::dumpError(*error, true) + "\n";
     }
     return description;
 }

@@ -4,9 +4,18 @@
 
 namespace Slate {
 
+namespace {
+
+/// None where a host made the link without a name for it.
+Position beginOf(TokenVector const& segments) {
+    return segments.empty() ? Position() : segments.front().position();
+}
+
+} // namespace
+
 std::shared_ptr<TypeNotFound> TypeNotFound::create(TokenVector const& type_segments,
                                                    std::string const& source_id) {
-    auto const& first = type_segments.front();
+    auto const first = beginOf(type_segments);
     return std::make_shared<TypeNotFound>(CreateKey(), ErrTypeNotFound, first.line, first.column, source_id,
                                           Node::segmentsAsString(type_segments));
 }
@@ -45,7 +54,7 @@ std::shared_ptr<SymbolAlreadyAssigned> SymbolAlreadyAssigned::create(Token const
 
 std::shared_ptr<ExpectedTrait> ExpectedTrait::create(TokenVector const& segments,
                                                      std::string const& source_id) {
-    auto const& first = segments.front();
+    auto const first = beginOf(segments);
     return std::make_shared<ExpectedTrait>(CreateKey(), ErrExpectedTrait, first.line, first.column, source_id,
                                            Node::segmentsAsString(segments));
 }

@@ -12,7 +12,7 @@ class TypeNotFound : public StringParameterError {
   public:
     using StringParameterError::StringParameterError;
 
-    /// At the first of the tokens, which must not be empty; the string joins their lexemes by ".".
+    /// At the first of the tokens, nowhere without any; the string joins their lexemes by ".".
     static std::shared_ptr<TypeNotFound> create(TokenVector const& type_segments,
                                                 std::string const& source_id);
 
@@ -71,7 +71,7 @@ class ExpectedTrait : public StringParameterError {
   public:
     using StringParameterError::StringParameterError;
 
-    /// At the first of the tokens, which must not be empty; the string joins their lexemes by ".".
+    /// At the first of the tokens, nowhere without any; the string joins their lexemes by ".".
     static std::shared_ptr<ExpectedTrait> create(TokenVector const& segments, std::string const& source_id);
 };
 
