@@ -66,7 +66,7 @@ TEST_F(HandMadeTrees, ATraitThatWasMadeToExtendAModelIsReportedNowhere) {
     )");
     changed.findModel("Painted")->setExtends(changed.findModel("Machine"));
     changed.analyzeAgain();
-    EXPECT_EQ(changed.errors(), "20015 0:0 ''");
+    EXPECT_EQ(changed.errors(), "test.slate: 20015 0:0 ''\n");
 }
 
 TEST_F(HandMadeTrees, AnExpressionWithAGapHasNoType) {
