@@ -20,12 +20,16 @@ constexpr bool isBlank(char byte) { return byte == ' ' || byte == '\t'; }
 
 constexpr std::string_view triple_quote = R"(""")";
 
+/// A guess that seldom has to grow: memory that is reserved and not used costs nothing.
+constexpr std::size_t source_bytes_a_token = 4;
+
 } // namespace
 
 TokenVector tokenize(std::string_view source, std::string const& source_id,
                      std::shared_ptr<ErrorReporter> const& error_reporter) {
     Scanner scanner(source, source_id, *error_reporter);
     TokenVector tokens;
+    tokens.reserve(source.size() / source_bytes_a_token + 1);
     do {
         scanner.next(tokens.emplace_back());
     } while (tokens.back().type != TokenType::Eof);
