@@ -1,9 +1,12 @@
 #include "slate/fuzz/ErrorPlaces.h"
 
+#include "slate/ErrorReporter.h"
+#include "slate/Scanner.h"
 #include "slate/testing/ErrorDump.h"
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,11 +22,14 @@ constexpr error_code_t first_code_of_analysis = 20001;
 /// even a line feed.
 class Lines {
   public:
-    Lines(std::string const& source_id, std::string text, Errors const& errors) : text_(std::move(text)) {
+    explicit Lines(std::string text) : text_(std::move(text)) {
         countLines();
-        for (auto const& error : errors) {
-            if (error->getErrorCode() == ErrUnknownCharacter && error->getSourceId() == source_id)
-                loseByteAt(error->getLine(), error->getColumn());
+        // Scanned anew, since nobody is told of the faults of a configuration.
+        auto const faults = std::make_shared<ErrorReporter>();
+        tokenize(std::string(text_), "", faults);
+        for (auto const& fault : *faults) {
+            if (fault->getErrorCode() == ErrUnknownCharacter)
+                loseByteAt(fault->getLine(), fault->getColumn());
         }
     }
 
@@ -77,7 +83,7 @@ class Lines {
 std::string describeMisplaced(Errors const& errors, SourceTexts const& sources) {
     std::map<std::string, Lines> lines;
     for (auto const& [id, text] : sources)
-        lines.try_emplace(id, id, text, errors);
+        lines.try_emplace(id, text);
     auto const is_in = [&](auto const& source, Error const& error) {
         return source.second.hasPlaceOf(error);
     };
