@@ -17,7 +17,7 @@ function(slate_fuzzer name source)
   add_dependencies(fuzzers ${target})
   add_test(NAME fuzz.${name}
            COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/run-fuzzer $<TARGET_FILE:${target}> ${name} ${SLATE_FUZZ_SECONDS}
-                   ${CMAKE_CURRENT_BINARY_DIR})
+                   ${CMAKE_CURRENT_BINARY_DIR} 1)
   math(EXPR time_limit "${SLATE_FUZZ_SECONDS} + 120")
   set_tests_properties(fuzz.${name} PROPERTIES TIMEOUT ${time_limit})
 endfunction()
