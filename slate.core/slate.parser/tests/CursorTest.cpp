@@ -1,6 +1,7 @@
 // The cursor and its tests, and what happens behind the end of the tokens.
 
 #include "slate/Document.h"
+#include "slate/ObjectPool.h"
 #include "slate/ParserImpl.h"
 #include "slate/ParserLoops.h"
 #include "slate/testing/ErrorDump.h"
@@ -20,8 +21,9 @@ using testing::StartsWith;
 
 class Cursor : public testing::Test {
   protected:
-    ParserImpl parserOf(std::string_view source) { return {source, source_id, *reporter}; }
+    ParserImpl parserOf(std::string_view source) { return {source, source_id, *reporter, pool}; }
 
+    ObjectPool pool;
     std::string const source_id = "test.slate";
     std::shared_ptr<ErrorReporter> const reporter = std::make_shared<ErrorReporter>();
     ParserImpl::BracketStack const outside{};

@@ -8,6 +8,7 @@
 #include "slate/TraitImpl.h"
 #include "slate/Unfolding.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -29,9 +30,8 @@ void UnfoldedModels::clear() { *this = {}; }
 
 SymbolTreeNodePtr SymbolTreeNode::create(std::shared_ptr<ErrorReporter> error_reporter,
                                          std::weak_ptr<SymbolTree> tree) {
-    Surroundings surroundings{std::move(error_reporter), std::move(tree)};
-    return std::make_shared<SymbolTreeNode>(CreateKey(),
-                                            std::make_shared<Surroundings const>(std::move(surroundings)));
+    auto surroundings = std::make_shared<Surroundings>(std::move(error_reporter), std::move(tree));
+    return surroundings->pool.make<SymbolTreeNode>(CreateKey(), surroundings);
 }
 
 SymbolTreeNode::~SymbolTreeNode() {
@@ -68,7 +68,12 @@ SymbolTreeNode& SymbolTreeNode::findOrAddChild(std::string const& name) {
     if (auto* const known = child(name))
         return *known;
     lockTree();
-    return *makeBelow().children.add(name, std::make_shared<SymbolTreeNode>(CreateKey(), surroundings_));
+    return *makeBelow().children.add(name,
+                                     surroundings_->pool.make<SymbolTreeNode>(CreateKey(), surroundings_));
+}
+
+TopoPathPtr SymbolTreeNode::extend(TopoPathPtr const& path, NodePtr const& node) const {
+    return TopologicalPath::extend(path, node, &surroundings_->pool);
 }
 
 /// The branch at the end of the target of an assignment; what is missing on the way there grows.
@@ -101,7 +106,7 @@ void SymbolTreeNode::addAnnotation(AnnotationPtr const& annotation, TopoPathPtr 
     if (!paths)
         paths = std::make_unique<NamedList<TopoPathPtr>>();
     if (!paths->contains(annotation->getName()))
-        paths->add(annotation->getName(), TopologicalPath::extend(path, annotation));
+        paths->add(annotation->getName(), extend(path, annotation));
 }
 
 void SymbolTreeNode::noteMaxPaths() {
@@ -112,9 +117,10 @@ void SymbolTreeNode::noteMaxPaths() {
             nodes.push_back(child.get());
     }
     for (auto node = nodes.rbegin(); node != nodes.rend(); ++node) {
-        (*node)->has_max_paths_ = (*node)->max_path_ != nullptr;
-        for (auto const& [name, child] : (*node)->getChildren().entries())
-            (*node)->has_max_paths_ = (*node)->has_max_paths_ || child->has_max_paths_;
+        auto const& children = (*node)->getChildren().entries();
+        if (!children.empty())
+            (*node)->below_->has_max_paths =
+                std::ranges::any_of(children, [](auto const& entry) { return entry.second->hasMaxPaths(); });
     }
 }
 
@@ -151,7 +157,7 @@ void SymbolTreeNode::growAsRoot(NodePtr const& node) {
     for (auto const phase : {Unfolding::Phase::Branches, Unfolding::Phase::MaxPaths}) {
         visited.clear();
         Unfolding unfolding(visited, bodies);
-        unfolding.add(GrowTask{this, TopologicalPath::create(node), nullptr});
+        unfolding.add(GrowTask{this, TopologicalPath::create(node, &surroundings_->pool), nullptr});
         unfolding.run(phase);
     }
 }
@@ -202,7 +208,7 @@ void SymbolTreeNode::grow_paths_from_members(TopoPathPtr const& path, vec<Annota
         if (member->isDeclaration() && !reached.declaration_)
             reached.declaration_ = member;
         if (!member->getAnnotations().empty() || !member->getMembers().empty())
-            reached.grow_paths_from_members(TopologicalPath::extend(path, member), member->getAnnotations(),
+            reached.grow_paths_from_members(extend(path, member), member->getAnnotations(),
                                             member->getMembers());
     }
 }
@@ -214,7 +220,7 @@ void SymbolTreeNode::grow_paths_from_types(Unfolding& unfolding, TypesTask const
     if (!unfolds && member->getMembers().empty())
         return;
     auto& reached = growTo(*member);
-    unfolding.unfold(reached, TopologicalPath::extend(task.path, member), member, unfolds ? type : nullptr);
+    unfolding.unfold(reached, extend(task.path, member), member, unfolds ? type : nullptr);
 }
 
 /// At the last place that all paths to the models in the cycle share.
@@ -255,8 +261,7 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
         for (auto const& segment : member->getSegments()) {
             reached = reached->child(segment.lexeme);
             if (reached == nullptr) {
-                SLATE_LOG_ERROR("Missing branch for {}",
-                                TopologicalPath::extend(path, member)->toFullString());
+                SLATE_LOG_ERROR("Missing branch for {}", extend(path, member)->toFullString());
                 return false;
             }
             // Something more derived has assigned there.
@@ -265,13 +270,13 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
         if (!member->getValue()) {
             if (member->getMembers().empty() || is_overridden)
                 continue;
-            auto const nested = TopologicalPath::extend(path, member);
+            auto const nested = extend(path, member);
             if (!reached->grow_max_paths_from_members(nested, member->getMembers(), body))
                 has_branches = false;
         } else if (std::exchange(reached->assigned_by_, body) == body) {
             surroundings_->error_reporter->reportError(SymbolAlreadyAssigned::create(
                 member->getSegments().back(), path->getLastStep()->getSourceId()));
-        } else if (!is_overridden && reached->assign(TopologicalPath::extend(path, member))) {
+        } else if (!is_overridden && reached->assign(extend(path, member))) {
             reached->max_path_by_ = body;
         }
     }
@@ -302,8 +307,7 @@ bool SymbolTreeNode::grow_max_paths_from_types(Unfolding& unfolding, TypesTask c
     for (auto const& segment : member->getSegments()) {
         reached = reached->child(segment.lexeme);
         if (reached == nullptr) {
-            SLATE_LOG_ERROR("Missing branch for {}",
-                            TopologicalPath::extend(task.path, member)->toFullString());
+            SLATE_LOG_ERROR("Missing branch for {}", extend(task.path, member)->toFullString());
             return false;
         }
         is_assigned = is_assigned || (has_more && reached->max_path_);
@@ -314,7 +318,7 @@ bool SymbolTreeNode::grow_max_paths_from_types(Unfolding& unfolding, TypesTask c
                          member->hasTargetDeclarations();
     if (!unfolds && member->getMembers().empty())
         return true;
-    unfolding.unfold(*reached, TopologicalPath::extend(task.path, member), member, unfolds ? type : nullptr);
+    unfolding.unfold(*reached, extend(task.path, member), member, unfolds ? type : nullptr);
     return true;
 }
 

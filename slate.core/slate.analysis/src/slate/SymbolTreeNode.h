@@ -3,6 +3,7 @@
 #include "slate/ErrorReporter.h"
 #include "slate/NamedList.h"
 #include "slate/NodeTypes.h"
+#include "slate/ObjectPool.h"
 #include "slate/TopologicalPath.h"
 
 #include <cstdint>
@@ -63,11 +64,15 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
 
     /// What all nodes of a tree share.
     struct Surroundings {
+        Surroundings(std::shared_ptr<ErrorReporter>&& _error_reporter, std::weak_ptr<SymbolTree>&& _tree)
+            : error_reporter(std::move(_error_reporter)), tree(std::move(_tree)) {}
+
         std::shared_ptr<ErrorReporter> error_reporter;
         std::weak_ptr<SymbolTree> tree;
+        ObjectPool pool; // for branches and paths
     };
 
-    SymbolTreeNode(CreateKey, std::shared_ptr<Surroundings const> surroundings)
+    SymbolTreeNode(CreateKey, std::shared_ptr<Surroundings> surroundings)
         : surroundings_(std::move(surroundings)) {}
 
     /// Branch by branch: trees are as deep as models hold one another.
@@ -95,7 +100,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     void growAsRoot(NodePtr const& node);
 
     /// Does this branch, or one below it, have a max path? As of the last `noteMaxPaths`.
-    bool hasMaxPaths() const { return has_max_paths_; }
+    bool hasMaxPaths() const { return max_path_ || below().has_max_paths; }
 
     /// Works `hasMaxPaths` out for this branch and all below it.
     void noteMaxPaths();
@@ -127,6 +132,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     struct Below {
         NamedList<SymbolTreeNodePtr> children;
         std::unique_ptr<NamedList<TopoPathPtr>> annotation_paths;
+        bool has_max_paths = false; // in the children
     };
 
     Below const& below() const { return below_ ? *below_ : nothingBelow(); }
@@ -146,6 +152,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     void grow_max_paths(Unfolding& unfolding, GrowTask const& task);
     bool grow_max_paths_from_types(Unfolding& unfolding, TypesTask const& task, VarAssignPtr const& member);
     void reportCycle(ModelDeclaration const& model, UnfoldedModels const& visited) const;
+    TopoPathPtr extend(TopoPathPtr const& path, NodePtr const& node) const;
     SymbolTreeNode* child(std::string_view name) const;
     SymbolTreeNode& findOrAddChild(std::string const& name);
     SymbolTreeNode& growTo(VarAssignment const& member);
@@ -154,14 +161,13 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
 
     std::shared_ptr<SymbolTree> lockTree() const { return std::shared_ptr<SymbolTree>(surroundings_->tree); }
 
-    std::shared_ptr<Surroundings const> surroundings_;
+    std::shared_ptr<Surroundings> surroundings_;
     VarAssignPtr declaration_;
     TopoPathPtr max_path_;
     std::unique_ptr<Below> below_;
     // The bodies that last assigned here, and that the max path is from; numbers begin with 1.
     BodyNumber assigned_by_ = 0;
     BodyNumber max_path_by_ = 0;
-    bool has_max_paths_ = false;
 };
 
 } // namespace Slate

@@ -159,7 +159,7 @@ void SlateContextInternal::readSources(SharedBundle const& bundle) {
 
 /// Parses one source and answers with its imports.
 std::vector<ImportPtr> SlateContextInternal::parseDocument(DocumentContext& context) {
-    auto document = Parser::parse(context.source, context.path.string(), error_reporter_);
+    auto document = Parser::parse(context.source, context.path.string(), error_reporter_, &pool_);
     auto imports = document->findImports();
     for (auto const& import : imports)
         import->setOwningDocument(document);

@@ -4,6 +4,7 @@
 #include "slate/BundleConfig.h"
 #include "slate/DocumentContext.h"
 #include "slate/EvaluatorContext.h"
+#include "slate/ObjectPool.h"
 #include "slate/PluginTable.h"
 
 #include <filesystem>
@@ -67,6 +68,7 @@ class SlateContextInternal {
     std::optional<std::string> findImportedFile(Import const& import);
     void parseImport(ImportPtr const& import, std::string const& path_text, SharedBundle const& bundle);
 
+    ObjectPool pool_; // for the trees of all sources
     PluginTable plugins_;
     StringVector bundle_paths_;
     std::vector<std::shared_ptr<DocumentContext>> documents_;

@@ -1,11 +1,12 @@
 #include "slate/Annotation.h"
 
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 namespace Slate {
 
-AnnotationPtr Annotation::create(Token name_token, ExpressionPtr value) {
-    return std::make_shared<Annotation>(CreateKey(), std::move(name_token), std::move(value));
+AnnotationPtr Annotation::create(Token name_token, ExpressionPtr value, ObjectPool* pool) {
+    return ObjectPool::makeIn<Annotation>(pool, CreateKey(), std::move(name_token), std::move(value));
 }
 
 Annotation::Annotation(CreateKey, Token&& name_token, ExpressionPtr&& value)

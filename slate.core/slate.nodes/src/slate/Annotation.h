@@ -7,7 +7,7 @@ namespace Slate {
 /// A remark on a model, an attribute or an import: `.unit: "kg"`.
 class Annotation : public Node, public std::enable_shared_from_this<Annotation> {
   public:
-    static AnnotationPtr create(Token name_token, ExpressionPtr value);
+    static AnnotationPtr create(Token name_token, ExpressionPtr value, ObjectPool* pool = nullptr);
 
     Annotation(CreateKey, Token&& name_token, ExpressionPtr&& value);
 

@@ -1,12 +1,13 @@
 #include "slate/Array.h"
 
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 namespace Slate {
 
-ArrayPtr Array::create(vec<ExpressionPtr> elements, Token open_token, Token close_token) {
-    return std::make_shared<Array>(CreateKey(), std::move(elements), std::move(open_token),
-                                   std::move(close_token));
+ArrayPtr Array::create(vec<ExpressionPtr> elements, Token open_token, Token close_token, ObjectPool* pool) {
+    return ObjectPool::makeIn<Array>(pool, CreateKey(), std::move(elements), std::move(open_token),
+                                     std::move(close_token));
 }
 
 Array::Array(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_token, Token&& close_token)

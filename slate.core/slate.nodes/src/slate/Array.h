@@ -7,7 +7,8 @@ namespace Slate {
 /// An array literal, `[a, b]`.
 class Array : public ElementList, public std::enable_shared_from_this<Array> {
   public:
-    static ArrayPtr create(vec<ExpressionPtr> elements, Token open_token, Token close_token);
+    static ArrayPtr create(vec<ExpressionPtr> elements, Token open_token, Token close_token,
+                           ObjectPool* pool = nullptr);
 
     Array(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_token, Token&& close_token);
 

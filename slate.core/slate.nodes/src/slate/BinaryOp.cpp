@@ -1,11 +1,13 @@
 #include "slate/BinaryOp.h"
 
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 namespace Slate {
 
-BinaryOpPtr BinaryOp::create(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token) {
-    return std::make_shared<BinaryOp>(CreateKey(), std::move(lhs), std::move(rhs), std::move(operator_token));
+BinaryOpPtr BinaryOp::create(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token, ObjectPool* pool) {
+    return ObjectPool::makeIn<BinaryOp>(pool, CreateKey(), std::move(lhs), std::move(rhs),
+                                        std::move(operator_token));
 }
 
 BinaryOp::BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& operator_token)

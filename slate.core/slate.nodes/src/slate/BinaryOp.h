@@ -11,7 +11,8 @@ namespace Slate {
 class BinaryOp : public ChainLink, public std::enable_shared_from_this<BinaryOp> {
   public:
     /// The span is left to the caller.
-    static BinaryOpPtr create(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token);
+    static BinaryOpPtr create(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token,
+                              ObjectPool* pool = nullptr);
 
     BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& operator_token);
 

@@ -1,11 +1,12 @@
 #include "slate/Call.h"
 
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 namespace Slate {
 
-CallPtr Call::create(ExpressionPtr callee, vec<ExpressionPtr> arguments) {
-    return std::make_shared<Call>(CreateKey(), std::move(callee), std::move(arguments));
+CallPtr Call::create(ExpressionPtr callee, vec<ExpressionPtr> arguments, ObjectPool* pool) {
+    return ObjectPool::makeIn<Call>(pool, CreateKey(), std::move(callee), std::move(arguments));
 }
 
 Call::Call(CreateKey, ExpressionPtr&& callee, vec<ExpressionPtr>&& arguments)

@@ -8,7 +8,7 @@ namespace Slate {
 class Call : public ChainLink, public std::enable_shared_from_this<Call> {
   public:
     /// The span is left to the caller.
-    static CallPtr create(ExpressionPtr callee, vec<ExpressionPtr> arguments);
+    static CallPtr create(ExpressionPtr callee, vec<ExpressionPtr> arguments, ObjectPool* pool = nullptr);
 
     Call(CreateKey, ExpressionPtr&& callee, vec<ExpressionPtr>&& arguments);
 

@@ -1,11 +1,12 @@
 #include "slate/Constant.h"
 
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 namespace Slate {
 
-ConstantPtr Constant::create(Token token) {
-    return std::make_shared<Constant>(CreateKey(), std::move(token));
+ConstantPtr Constant::create(Token token, ObjectPool* pool) {
+    return ObjectPool::makeIn<Constant>(pool, CreateKey(), std::move(token));
 }
 
 Constant::Constant(CreateKey, Token&& token) : Expression(NodeType::Constant), token_(std::move(token)) {}

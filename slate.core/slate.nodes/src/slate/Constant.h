@@ -7,7 +7,7 @@ namespace Slate {
 /// A literal, or a name that the analysis resolves.
 class Constant : public Expression, public std::enable_shared_from_this<Constant> {
   public:
-    static ConstantPtr create(Token token);
+    static ConstantPtr create(Token token, ObjectPool* pool = nullptr);
 
     Constant(CreateKey, Token&& token);
 

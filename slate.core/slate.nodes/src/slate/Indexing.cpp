@@ -1,11 +1,12 @@
 #include "slate/Indexing.h"
 
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 namespace Slate {
 
-IndexingPtr Indexing::create(ExpressionPtr lhs, ExpressionPtr index) {
-    return std::make_shared<Indexing>(CreateKey(), std::move(lhs), std::move(index));
+IndexingPtr Indexing::create(ExpressionPtr lhs, ExpressionPtr index, ObjectPool* pool) {
+    return ObjectPool::makeIn<Indexing>(pool, CreateKey(), std::move(lhs), std::move(index));
 }
 
 Indexing::Indexing(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& index)

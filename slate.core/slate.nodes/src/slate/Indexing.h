@@ -8,7 +8,7 @@ namespace Slate {
 class Indexing : public ChainLink, public std::enable_shared_from_this<Indexing> {
   public:
     /// The span is left to the caller.
-    static IndexingPtr create(ExpressionPtr lhs, ExpressionPtr index);
+    static IndexingPtr create(ExpressionPtr lhs, ExpressionPtr index, ObjectPool* pool = nullptr);
 
     Indexing(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& index);
 

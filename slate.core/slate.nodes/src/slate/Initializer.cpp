@@ -1,12 +1,14 @@
 #include "slate/Initializer.h"
 
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 namespace Slate {
 
-InitializerPtr Initializer::create(vec<ExpressionPtr> elements, Token open_token, Token close_token) {
-    return std::make_shared<Initializer>(CreateKey(), std::move(elements), std::move(open_token),
-                                         std::move(close_token));
+InitializerPtr Initializer::create(vec<ExpressionPtr> elements, Token open_token, Token close_token,
+                                   ObjectPool* pool) {
+    return ObjectPool::makeIn<Initializer>(pool, CreateKey(), std::move(elements), std::move(open_token),
+                                           std::move(close_token));
 }
 
 Initializer::Initializer(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_token, Token&& close_token)

@@ -7,7 +7,8 @@ namespace Slate {
 /// An initializer, `{a, b}`: the attributes of a model in order.
 class Initializer : public ElementList, public std::enable_shared_from_this<Initializer> {
   public:
-    static InitializerPtr create(vec<ExpressionPtr> elements, Token open_token, Token close_token);
+    static InitializerPtr create(vec<ExpressionPtr> elements, Token open_token, Token close_token,
+                                 ObjectPool* pool = nullptr);
 
     Initializer(CreateKey, vec<ExpressionPtr>&& elements, Token&& open_token, Token&& close_token);
 

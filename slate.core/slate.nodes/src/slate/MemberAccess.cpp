@@ -3,6 +3,7 @@
 #include "slate/Log.h"
 #include "slate/ModelDeclaration.h"
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 #include "slate/VarAssignment.h"
 
 namespace Slate {
@@ -16,8 +17,8 @@ ModelDeclPtr modelTypeOf(Expression const& expression) {
 
 } // namespace
 
-MemberAccessPtr MemberAccess::create(ExpressionPtr lhs, Token name_token) {
-    return std::make_shared<MemberAccess>(CreateKey(), std::move(lhs), std::move(name_token));
+MemberAccessPtr MemberAccess::create(ExpressionPtr lhs, Token name_token, ObjectPool* pool) {
+    return ObjectPool::makeIn<MemberAccess>(pool, CreateKey(), std::move(lhs), std::move(name_token));
 }
 
 MemberAccess::MemberAccess(CreateKey, ExpressionPtr&& lhs, Token&& name_token)

@@ -8,7 +8,7 @@ namespace Slate {
 class MemberAccess : public ChainLink, public std::enable_shared_from_this<MemberAccess> {
   public:
     /// The span is left to the caller.
-    static MemberAccessPtr create(ExpressionPtr lhs, Token name_token);
+    static MemberAccessPtr create(ExpressionPtr lhs, Token name_token, ObjectPool* pool = nullptr);
 
     MemberAccess(CreateKey, ExpressionPtr&& lhs, Token&& name_token);
 

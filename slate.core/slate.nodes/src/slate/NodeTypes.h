@@ -60,6 +60,7 @@ class Call;
 class MemberAccess;
 class Indexing;
 class TopologicalPath;
+class ObjectPool;
 
 using NodePtr = std::shared_ptr<Node>;
 using DocPtr = std::shared_ptr<Document>;

@@ -19,9 +19,9 @@ VarAssignment const* attributeIn(NodePtr const& node) {
 
 PathStep::PathStep(NodePtr const& node, std::string name, std::size_t index)
     : node_(node),
-      name_(std::move(name)),
+      is_member_(!node->isModelDeclaration() && !node->isTraitImpl()),
       index_(static_cast<std::uint32_t>(index)),
-      is_member_(!node->isModelDeclaration() && !node->isTraitImpl()) {}
+      name_(std::move(name)) {}
 
 Token PathStep::getToken() const {
     auto const node = getNode();

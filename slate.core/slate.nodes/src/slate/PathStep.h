@@ -66,10 +66,10 @@ class PathStep {
 
   private:
     std::weak_ptr<Node> node_;
-    mutable TypeLink outer_type_;
-    std::string name_;
-    std::uint32_t index_;
+    [[no_unique_address]] mutable TypeLink outer_type_; // the next two stand in its padding
     bool is_member_;
+    std::uint32_t index_;
+    std::string name_;
 };
 
 } // namespace Slate

@@ -3,6 +3,7 @@
 #include "slate/Annotation.h"
 #include "slate/Join.h"
 #include "slate/Log.h"
+#include "slate/ObjectPool.h"
 #include "slate/VarAssignment.h"
 
 #include <algorithm>
@@ -18,18 +19,19 @@ using ChainPtr = TopologicalPath::ChainPtr;
 /// Up to this many edges are compared one by one.
 constexpr std::size_t few_edges = 8;
 
-ChainPtr addStep(ChainPtr chain, PathStep&& step) {
-    return std::make_shared<Chain const>(std::move(chain), std::move(step));
+ChainPtr addStep(ChainPtr chain, PathStep&& step, ObjectPool* pool = nullptr) {
+    return ObjectPool::makeIn<Chain const>(pool, std::move(chain), std::move(step));
 }
 
-ChainPtr addNode(ChainPtr chain, NodePtr const& node) {
+ChainPtr addNode(ChainPtr chain, NodePtr const& node, ObjectPool* pool) {
     if (auto const attribute = node->asVarAssignment()) {
         for (std::size_t i = 0; i < attribute->getSegments().size(); ++i)
-            chain = addStep(std::move(chain), {node, attribute->getSegments()[i].lexeme, i});
+            chain = addStep(std::move(chain), {node, attribute->getSegments()[i].lexeme, i}, pool);
         return chain;
     }
     auto const annotation = node->asAnnotation();
-    return addStep(std::move(chain), {node, annotation ? annotation->getName() : "", annotation ? 1U : 0U});
+    return addStep(std::move(chain), {node, annotation ? annotation->getName() : "", annotation ? 1U : 0U},
+                   pool);
 }
 
 /// The chain up to its step of that number, counted from 1.
@@ -80,17 +82,19 @@ TopologicalPath::Chain::~Chain() {
         link = std::move(const_cast<Chain&>(*link).previous_); // the last owner may take it apart
 }
 
-TopoPathPtr TopologicalPath::create() { return std::make_shared<TopologicalPath>(CreateKey()); }
+TopoPathPtr TopologicalPath::create(ObjectPool* pool) {
+    return ObjectPool::makeIn<TopologicalPath>(pool, CreateKey());
+}
 
-TopoPathPtr TopologicalPath::create(NodePtr const& node) {
-    auto path = create();
-    path->append(node);
+TopoPathPtr TopologicalPath::create(NodePtr const& node, ObjectPool* pool) {
+    auto path = create(pool);
+    path->chain_ = addNode(nullptr, node, pool);
     return path;
 }
 
-TopoPathPtr TopologicalPath::extend(TopoPathPtr const& path, NodePtr const& node) {
-    auto extended = create();
-    extended->chain_ = addNode(path->chain_, node);
+TopoPathPtr TopologicalPath::extend(TopoPathPtr const& path, NodePtr const& node, ObjectPool* pool) {
+    auto extended = create(pool);
+    extended->chain_ = addNode(path->chain_, node, pool);
     return extended;
 }
 
@@ -109,7 +113,7 @@ TopoPathPtr TopologicalPath::commonPrefix(std::vector<TopoPathPtr> const& paths)
     return common == 0 ? create() : paths.front()->prefix(common);
 }
 
-void TopologicalPath::append(NodePtr const& node) { chain_ = addNode(std::move(chain_), node); }
+void TopologicalPath::append(NodePtr const& node) { chain_ = addNode(std::move(chain_), node, nullptr); }
 
 void TopologicalPath::pop() {
     if (!chain_)

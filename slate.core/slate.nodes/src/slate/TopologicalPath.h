@@ -25,11 +25,11 @@ class TopologicalPath {
     class Chain;
     using ChainPtr = std::shared_ptr<Chain const>;
 
-    static TopoPathPtr create();
-    static TopoPathPtr create(NodePtr const& node);
+    static TopoPathPtr create(ObjectPool* pool = nullptr);
+    static TopoPathPtr create(NodePtr const& node, ObjectPool* pool = nullptr);
 
     /// The steps of `path`, and behind them those of the node.
-    static TopoPathPtr extend(TopoPathPtr const& path, NodePtr const& node);
+    static TopoPathPtr extend(TopoPathPtr const& path, NodePtr const& node, ObjectPool* pool = nullptr);
 
     /// The longest run of steps that all paths begin with, with the steps of the first path.
     static TopoPathPtr commonPrefix(std::vector<TopoPathPtr> const& paths);

@@ -1,11 +1,12 @@
 #include "slate/Unary.h"
 
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 namespace Slate {
 
-UnaryPtr Unary::create(Token operator_token, ExpressionPtr operand) {
-    return std::make_shared<Unary>(CreateKey(), std::move(operator_token), std::move(operand));
+UnaryPtr Unary::create(Token operator_token, ExpressionPtr operand, ObjectPool* pool) {
+    return ObjectPool::makeIn<Unary>(pool, CreateKey(), std::move(operator_token), std::move(operand));
 }
 
 Unary::Unary(CreateKey, Token&& operator_token, ExpressionPtr&& operand)

@@ -8,7 +8,7 @@ namespace Slate {
 class Unary : public Expression, public std::enable_shared_from_this<Unary> {
   public:
     /// The span reaches from the operator to the end of the operand.
-    static UnaryPtr create(Token operator_token, ExpressionPtr operand);
+    static UnaryPtr create(Token operator_token, ExpressionPtr operand, ObjectPool* pool = nullptr);
 
     Unary(CreateKey, Token&& operator_token, ExpressionPtr&& operand);
 

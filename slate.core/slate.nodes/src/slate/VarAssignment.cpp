@@ -5,6 +5,7 @@
 #include "slate/Document.h"
 #include "slate/ModelDeclaration.h"
 #include "slate/NodeVisitor.h"
+#include "slate/ObjectPool.h"
 
 #include <algorithm>
 #include <iterator>
@@ -14,10 +15,10 @@ namespace Slate {
 
 VarAssignPtr VarAssignment::create(TokenVector segments, Token operator_token, TokenVector type_segments,
                                    vec<AnnotationPtr> annotations, vec<VarAssignPtr> members,
-                                   ExpressionPtr value) {
-    return std::make_shared<VarAssignment>(CreateKey(), std::move(segments), std::move(operator_token),
-                                           std::move(type_segments), std::move(annotations),
-                                           std::move(members), std::move(value));
+                                   ExpressionPtr value, ObjectPool* pool) {
+    return ObjectPool::makeIn<VarAssignment>(pool, CreateKey(), std::move(segments),
+                                             std::move(operator_token), std::move(type_segments),
+                                             std::move(annotations), std::move(members), std::move(value));
 }
 
 VarAssignment::VarAssignment(CreateKey, TokenVector&& segments, Token&& operator_token,

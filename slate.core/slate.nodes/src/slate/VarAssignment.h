@@ -14,8 +14,8 @@ namespace Slate {
 class VarAssignment : public Node, public std::enable_shared_from_this<VarAssignment> {
   public:
     static VarAssignPtr create(TokenVector segments, Token operator_token, TokenVector type_segments,
-                               vec<AnnotationPtr> annotations, vec<VarAssignPtr> members,
-                               ExpressionPtr value);
+                               vec<AnnotationPtr> annotations, vec<VarAssignPtr> members, ExpressionPtr value,
+                               ObjectPool* pool = nullptr);
 
     VarAssignment(CreateKey, TokenVector&& segments, Token&& operator_token, TokenVector&& type_segments,
                   vec<AnnotationPtr>&& annotations, vec<VarAssignPtr>&& members, ExpressionPtr&& value);

@@ -60,7 +60,7 @@ VarAssignPtr ParserImpl::parseAttribute() {
         return {};
     return VarAssignment::create(std::move(target.segments), std::move(operator_token),
                                  std::move(type_segments), std::move(body.annotations),
-                                 std::move(body.members), std::move(value));
+                                 std::move(body.members), std::move(value), &pool_);
 }
 
 /// `is` or `becomes` and the type behind it; false after a fault.

@@ -32,8 +32,8 @@ struct Brackets<Initializer> {
     static constexpr auto closing = TokenType::RightBrace;
 };
 
-ExpressionPtr makeBinaryOp(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token) {
-    auto node = BinaryOp::create(std::move(lhs), std::move(rhs), std::move(operator_token));
+ExpressionPtr makeBinaryOp(ExpressionPtr lhs, ExpressionPtr rhs, Token operator_token, ObjectPool& pool) {
+    auto node = BinaryOp::create(std::move(lhs), std::move(rhs), std::move(operator_token), &pool);
     node->setFirstTokenFromOperand();
     node->setLastTokenFromRhs();
     return node;
@@ -53,7 +53,7 @@ ExpressionPtr ParserImpl::parseAdditive(line_t& line, BracketStack& stack) {
         auto rhs = parseMultiplicative(line, stack);
         if (!rhs)
             return {};
-        node = makeBinaryOp(std::move(node), std::move(rhs), std::move(operator_token));
+        node = makeBinaryOp(std::move(node), std::move(rhs), std::move(operator_token), pool_);
     }
     return node;
 }
@@ -65,7 +65,7 @@ ExpressionPtr ParserImpl::parseMultiplicative(line_t& line, BracketStack& stack)
         auto rhs = parseUnary(line, stack);
         if (!rhs)
             return {};
-        node = makeBinaryOp(std::move(node), std::move(rhs), std::move(operator_token));
+        node = makeBinaryOp(std::move(node), std::move(rhs), std::move(operator_token), pool_);
     }
     return node;
 }
@@ -81,7 +81,7 @@ ExpressionPtr ParserImpl::parseUnary(line_t& line, BracketStack& stack) {
     }
     auto operator_token = consume(line);
     auto operand = parseUnary(line, stack);
-    return operand ? Unary::create(std::move(operator_token), std::move(operand)) : nullptr;
+    return operand ? Unary::create(std::move(operator_token), std::move(operand), &pool_) : nullptr;
 }
 
 ExpressionPtr ParserImpl::parsePostfix(line_t& line, BracketStack& stack) {
@@ -125,7 +125,7 @@ ExpressionPtr ParserImpl::parseCall(ExpressionPtr callee, line_t& line, BracketS
     auto closing_token = consume(line);
     if (!pop(stack, TokenType::LeftParen, closing_token))
         return {};
-    auto node = Call::create(std::move(callee), std::move(arguments));
+    auto node = Call::create(std::move(callee), std::move(arguments), &pool_);
     node->setFirstTokenFromOperand();
     node->setLastToken(std::move(closing_token));
     return node;
@@ -137,7 +137,7 @@ ExpressionPtr ParserImpl::parseMemberAccess(ExpressionPtr lhs, line_t& line) {
         addExpressionError();
         return {};
     }
-    auto node = MemberAccess::create(std::move(lhs), consume(line));
+    auto node = MemberAccess::create(std::move(lhs), consume(line), &pool_);
     node->setFirstTokenFromOperand();
     node->setLastTokenToName();
     return node;
@@ -163,7 +163,7 @@ ExpressionPtr ParserImpl::parseIndexing(ExpressionPtr lhs, line_t& line, Bracket
         return {};
     }
     auto closing_token = consume(line);
-    auto node = Indexing::create(std::move(lhs), std::move(index));
+    auto node = Indexing::create(std::move(lhs), std::move(index), &pool_);
     node->setFirstTokenFromOperand();
     node->setLastToken(std::move(closing_token));
     return node;
@@ -179,8 +179,8 @@ ExpressionPtr ParserImpl::parsePrimary(line_t& line, BracketStack& stack) {
     case TokenType::String:
     case TokenType::Number:
     case TokenType::True:
-    case TokenType::False: return Constant::create(consume(line));
-    case TokenType::AtString: return Constant::create(resolveAtString(consume()));
+    case TokenType::False: return Constant::create(consume(line), &pool_);
+    case TokenType::AtString: return Constant::create(resolveAtString(consume()), &pool_);
     case TokenType::MultilineString: return parseMultilineString(line);
     case TokenType::LeftParen:
     case TokenType::LeftBracket:
@@ -193,7 +193,7 @@ ExpressionPtr ParserImpl::parsePrimary(line_t& line, BracketStack& stack) {
 ExpressionPtr ParserImpl::parseMultilineString(line_t& line) {
     auto token = consume();
     line = token.line + static_cast<line_t>(std::ranges::count(token.lexeme, '\n'));
-    return Constant::create(std::move(token));
+    return Constant::create(std::move(token), &pool_);
 }
 
 ExpressionPtr ParserImpl::parseBracketed(line_t& line, BracketStack& stack) {
@@ -249,7 +249,7 @@ ExpressionPtr ParserImpl::parseElementList(line_t& line, BracketStack& stack) {
     auto closing_token = consume(line);
     if (!pop(stack, Brackets<List>::opening, closing_token))
         return {};
-    return List::create(std::move(elements), std::move(opening_token), std::move(closing_token));
+    return List::create(std::move(elements), std::move(opening_token), std::move(closing_token), &pool_);
 }
 
 Token ParserImpl::consume(line_t& line) {

@@ -8,8 +8,12 @@
 
 namespace Slate {
 
-ParserImpl::ParserImpl(std::string_view source, std::string const& source_id, ErrorReporter& error_reporter)
-    : scanner_(source, source_id, error_reporter), source_id_(source_id), error_reporter_(error_reporter) {
+ParserImpl::ParserImpl(std::string_view source, std::string const& source_id, ErrorReporter& error_reporter,
+                       ObjectPool& pool)
+    : scanner_(source, source_id, error_reporter),
+      source_id_(source_id),
+      error_reporter_(error_reporter),
+      pool_(pool) {
     for (auto& token : window_)
         scanner_.next(token);
 }

@@ -27,7 +27,8 @@ namespace Slate {
 class ParserImpl {
   public:
     /// What is passed must outlive the parser.
-    ParserImpl(std::string_view source, std::string const& source_id, ErrorReporter& error_reporter);
+    ParserImpl(std::string_view source, std::string const& source_id, ErrorReporter& error_reporter,
+               ObjectPool& pool);
 
     ParserImpl(ParserImpl const&) = delete;
     ParserImpl& operator=(ParserImpl const&) = delete;
@@ -216,6 +217,7 @@ class ParserImpl {
     std::size_t nesting_depth_ = 0;
     std::string const& source_id_;
     ErrorReporter& error_reporter_;
+    ObjectPool& pool_;
     Errors errors_; // of the parser, until the scanner is through
 };
 

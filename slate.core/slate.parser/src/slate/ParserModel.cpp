@@ -142,7 +142,7 @@ AnnotationPtr ParserImpl::parseAnnotation() {
         addErrorAtToken(ErrAnnotationNotLiteral, value->getFirstToken());
         return {};
     }
-    return Annotation::create(std::move(name_token), std::move(value));
+    return Annotation::create(std::move(name_token), std::move(value), &pool_);
 }
 
 /// A `with` or `delete` line: what stands behind the keyword, empty after a fault.

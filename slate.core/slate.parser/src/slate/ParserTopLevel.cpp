@@ -137,7 +137,7 @@ NodePtr ParserImpl::parseTopLevelVariable(ModelHead head, Token is_token, Token 
     TokenVector segments;
     segments.push_back(std::move(head.name_token));
     return VarAssignment::create(std::move(segments), std::move(is_token), std::move(head.parent_segments),
-                                 {}, {}, std::move(value));
+                                 {}, {}, std::move(value), &pool_);
 }
 
 ExpressionPtr ParserImpl::parseTopLevelValue(Token const& name_token, Token const& colon_token) {
