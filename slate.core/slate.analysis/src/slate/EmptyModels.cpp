@@ -12,34 +12,34 @@ bool EmptyModels::isEmptyModel(TypePtr const& type) {
 }
 
 bool EmptyModels::isEmpty(ModelDeclPtr const& model) {
-    auto known = is_empty_.find(model.get());
-    if (known == is_empty_.end()) {
+    if (!is_empty_.contains(model.get()))
         explore(*model);
-        known = is_empty_.find(model.get());
-    }
-    return known->second;
+    return is_empty_[model.get()];
 }
 
 /// Answers for all models that this one leads to: they are empty but for those that lead to one which is not
 /// empty in itself.
 void EmptyModels::explore(ModelDeclaration const& model) {
-    std::unordered_map<ModelDeclaration const*, vec<ModelDeclaration const*>> led_to_by;
+    PointerMap<ModelDeclaration, vec<ModelDeclaration const*>> led_to_by;
     vec<ModelDeclaration const*> ahead{&model};
     vec<ModelDeclaration const*> not_empty;
-    is_empty_.emplace(&model, true);
+    vec<ModelDeclaration const*> next;
+    is_empty_[&model] = true;
     while (!ahead.empty()) {
         auto const* at = ahead.back();
         ahead.pop_back();
-        vec<ModelDeclaration const*> next;
+        next.clear();
         if (!at->isEmptyInItself(next))
             not_empty.push_back(at);
         for (auto const* other : next) {
             led_to_by[other].push_back(at);
-            auto const [known, is_new] = is_empty_.emplace(other, true);
-            if (is_new)
+            if (auto const* const known = is_empty_.find(other)) {
+                if (!*known)
+                    not_empty.push_back(at);
+            } else {
+                is_empty_[other] = true;
                 ahead.push_back(other);
-            else if (!known->second)
-                not_empty.push_back(at);
+            }
         }
     }
     for (auto const* at : not_empty)

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "slate/NodeTypes.h"
-
-#include <unordered_map>
+#include "slate/PointerMap.h"
 
 namespace Slate {
 
@@ -18,7 +17,7 @@ class EmptyModels {
   private:
     void explore(ModelDeclaration const& model);
 
-    std::unordered_map<ModelDeclaration const*, bool> is_empty_;
+    PointerMap<ModelDeclaration, bool> is_empty_;
 };
 
 } // namespace Slate

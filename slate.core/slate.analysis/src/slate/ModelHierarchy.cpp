@@ -39,7 +39,8 @@ void ModelHierarchy::addWithTraits(ModelDeclaration const& model) {
 void ModelHierarchy::add(ModelDeclaration const& model) {
     std::vector<ModelDeclaration const*> way;
     auto const* at = &model;
-    while (at != nullptr && positions_.try_emplace(at).second) {
+    while (at != nullptr && !positions_.contains(at)) {
+        positions_[at] = {};
         way.push_back(at);
         at = at->getExtends().get(); // kept alive by its document
     }
@@ -49,7 +50,7 @@ void ModelHierarchy::add(ModelDeclaration const& model) {
 /// `above` is where the way ended: at a model that is known, or nowhere.
 void ModelHierarchy::addWayUp(std::vector<ModelDeclaration const*> const& way,
                               ModelDeclaration const* above) {
-    auto const* known = above == nullptr ? nullptr : &positions_.at(above);
+    auto const* known = above == nullptr ? nullptr : positions_.find(above);
     bool const closes_ring = known != nullptr && known->base == nullptr;
     Position position;
     if (closes_ring)
@@ -69,14 +70,14 @@ void ModelHierarchy::addWayUp(std::vector<ModelDeclaration const*> const& way,
 void ModelHierarchy::findHighTrees() {
     std::unordered_set<ModelDeclaration const*> high_bases;
     for (auto const* model : models_) {
-        auto const& position = positions_.at(model);
+        auto const& position = *positions_.find(model);
         if (!position.is_in_ring && position.height + countTraitModels(*model) > low)
             high_bases.insert(position.base);
     }
     if (high_bases.empty())
         return;
     for (auto const* model : models_) {
-        auto const& position = positions_.at(model);
+        auto const& position = *positions_.find(model);
         if (!high_bases.contains(position.base) || position.is_in_ring)
             continue;
         children_[model];
@@ -95,7 +96,7 @@ std::size_t ModelHierarchy::countTraitModels(ModelDeclaration const& model) cons
     std::size_t count = 0;
     for (auto const& entry : model.getTraits()) {
         if (auto const trait = entry->getTraitDeclaration())
-            count += 1 + positions_.at(trait.get()).height;
+            count += 1 + positions_.find(trait.get())->height;
     }
     return count;
 }
@@ -109,27 +110,25 @@ void ModelHierarchy::numberTree(ModelDeclaration const& root, std::size_t& next_
         places_[model] = {next_place, next_place + 1};
         ++next_place;
         numbered.push_back(model);
-        auto const& children = children_.at(model);
+        auto const& children = *children_.find(model);
         ahead.insert(ahead.end(), children.rbegin(), children.rend());
     }
     // The last model below one ends where that one does.
     for (auto model = numbered.rbegin(); model != numbered.rend(); ++model) {
-        auto const& children = children_.at(*model);
+        auto const& children = *children_.find(*model);
         if (!children.empty())
-            places_[*model].end = places_[children.back()].end;
+            places_.find(*model)->end = places_.find(children.back())->end;
     }
 }
 
 ModelDeclaration const* ModelHierarchy::baseOf(ModelDeclaration const& model) const {
-    auto const position = positions_.find(&model);
-    return position == positions_.end() ? &model : position->second.base;
+    auto const* const position = positions_.find(&model);
+    return position == nullptr ? &model : position->base;
 }
 
 std::optional<ModelHierarchy::Place> ModelHierarchy::placeOf(ModelDeclaration const& model) const {
-    auto const place = places_.find(&model);
-    if (place == places_.end())
-        return std::nullopt;
-    return place->second;
+    auto const* const place = places_.find(&model);
+    return place == nullptr ? std::nullopt : std::optional(*place);
 }
 
 } // namespace Slate::Analysis

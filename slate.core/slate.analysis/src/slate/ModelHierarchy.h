@@ -1,10 +1,10 @@
 #pragma once
 
 #include "slate/NodeTypes.h"
+#include "slate/PointerMap.h"
 
 #include <cstddef>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 namespace Slate::Analysis {
@@ -18,8 +18,8 @@ class ModelHierarchy {
     /// A model's number in a walk over all high trees from the roots down, and the number behind the last
     /// model that extends it, directly or not.
     struct Place {
-        std::size_t begin;
-        std::size_t end;
+        std::size_t begin = 0;
+        std::size_t end = 0;
     };
 
     /// Of the models of these documents, their traits, and all that these extend.
@@ -43,16 +43,16 @@ class ModelHierarchy {
         for (auto const* root : high_roots_) {
             std::vector<Visit> way;
             auto const descend = [&](ModelDeclaration const* model) {
-                enter(*model, places_.at(model).begin);
+                enter(*model, places_.find(model)->begin);
                 way.push_back({model, 0});
             };
             descend(root);
             while (!way.empty()) {
-                auto const& children = children_.at(way.back().model);
+                auto const& children = *children_.find(way.back().model);
                 if (way.back().next_child < children.size()) {
                     descend(children[way.back().next_child++]);
                 } else {
-                    leave(*way.back().model, places_.at(way.back().model).end);
+                    leave(*way.back().model, places_.find(way.back().model)->end);
                     way.pop_back();
                 }
             }
@@ -73,12 +73,11 @@ class ModelHierarchy {
     std::size_t countTraitModels(ModelDeclaration const& model) const;
     void numberTree(ModelDeclaration const& root, std::size_t& next_place);
 
-    std::unordered_map<ModelDeclaration const*, Position> positions_;
+    PointerMap<ModelDeclaration, Position> positions_;
     std::vector<ModelDeclaration const*> models_; // in the order in which they were added
-    std::unordered_map<ModelDeclaration const*, std::vector<ModelDeclaration const*>>
-        children_; // in high trees
+    PointerMap<ModelDeclaration, std::vector<ModelDeclaration const*>> children_; // in high trees
     std::vector<ModelDeclaration const*> high_roots_;
-    std::unordered_map<ModelDeclaration const*, Place> places_;
+    PointerMap<ModelDeclaration, Place> places_;
 };
 
 } // namespace Slate::Analysis

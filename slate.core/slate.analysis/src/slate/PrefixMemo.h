@@ -1,8 +1,8 @@
 #pragma once
 
+#include "slate/PointerMap.h"
 #include "slate/TopologicalPath.h"
 
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -26,18 +26,18 @@ class PrefixMemo {
         auto const* link = &chain;
         for (; (*link)->getPrevious() && !known_.contains(link->get()); link = &(*link)->getPrevious())
             links.push_back(link);
-        auto const known = known_.find(link->get());
-        Value value = known == known_.end() ? first(**link) : known->second.second;
+        auto const* const known = known_.find(link->get());
+        Value value = known == nullptr ? first(**link) : known->second;
         for (auto further = links.rbegin(); further != links.rend(); ++further) {
             value = next(value, ***further);
             if (*further != &chain)
-                known_.emplace((*further)->get(), std::pair(**further, value));
+                known_[(*further)->get()] = {**further, value};
         }
         return value;
     }
 
   private:
-    std::unordered_map<Chain const*, std::pair<ChainPtr, Value>> known_;
+    PointerMap<Chain, std::pair<ChainPtr, Value>> known_;
 };
 
 } // namespace Slate

@@ -15,13 +15,13 @@
 namespace Slate {
 
 void UnfoldedModels::enter(ModelDeclaration const& model, TopoPathPtr path) {
-    models_.insert(&model);
+    is_unfolding_[&model] = true;
     entered_.push_back(&model);
     paths_.push_back(std::move(path));
 }
 
 void UnfoldedModels::leave() {
-    models_.erase(entered_.back());
+    is_unfolding_[entered_.back()] = false;
     entered_.pop_back();
     paths_.pop_back();
 }

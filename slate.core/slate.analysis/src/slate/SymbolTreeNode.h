@@ -4,14 +4,13 @@
 #include "slate/NamedList.h"
 #include "slate/NodeTypes.h"
 #include "slate/ObjectPool.h"
+#include "slate/PointerMap.h"
 #include "slate/TopologicalPath.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -24,7 +23,10 @@ using SymbolTreeNodePtr = std::shared_ptr<SymbolTreeNode>;
 /// The models that a walk is unfolding, each with its path, outermost first.
 class UnfoldedModels {
   public:
-    bool contains(ModelDeclaration const& model) const { return models_.contains(&model); }
+    bool contains(ModelDeclaration const& model) const {
+        auto const* const is_unfolding = is_unfolding_.find(&model);
+        return is_unfolding != nullptr && *is_unfolding;
+    }
 
     /// `path` ends at the model.
     void enter(ModelDeclaration const& model, TopoPathPtr path);
@@ -39,7 +41,7 @@ class UnfoldedModels {
   private:
     std::vector<TopoPathPtr> paths_;
     std::vector<ModelDeclaration const*> entered_;
-    std::unordered_set<ModelDeclaration const*> models_;
+    PointerMap<ModelDeclaration, bool> is_unfolding_;
 };
 
 /// One branch of a symbol tree: an attribute of the unfolded model, or a root.
@@ -143,7 +145,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     /// What is still to do of a walk.
     class Unfolding;
     struct Body;
-    using Bodies = std::unordered_map<Node const*, Body>;
+    using Bodies = PointerMap<Node, Body>;
     struct TypesTask;
     struct GrowTask;
 

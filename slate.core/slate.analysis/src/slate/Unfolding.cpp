@@ -105,7 +105,9 @@ SymbolTreeNode::Body SymbolTreeNode::Unfolding::bodyOf(NodePtr const& node) {
     auto const model = node->asModelDeclaration();
     auto all = std::make_shared<vec<VarAssignPtr>>();
     auto with_more = std::make_shared<vec<VarAssignPtr>>();
-    for (auto const& member : trait ? trait->getMembers() : model->getMembers()) {
+    auto const& members = trait ? trait->getMembers() : model->getMembers();
+    all->reserve(members.size());
+    for (auto const& member : members) {
         auto attribute = member->asVarAssignment();
         if (!attribute)
             continue;

@@ -5,7 +5,6 @@
 #include "slate/SymbolTreeNode.h"
 
 #include <memory>
-#include <unordered_map>
 #include <variant>
 #include <vector>
 

@@ -179,13 +179,13 @@ ObjectPtr Evaluator::findTarget(ObjectPtr const& instance, Chain const* chain, b
         return last_instance_;
     std::vector<Chain const*> ahead;
     auto const* link = chain;
-    auto known = instances_.find(link);
-    while (link->getPrevious() && known == instances_.end()) {
+    auto const* known = instances_.find(link);
+    while (link->getPrevious() && known == nullptr) {
         ahead.push_back(link);
         link = link->getPrevious().get();
         known = instances_.find(link);
     }
-    auto current = known != instances_.end() ? known->second : rootOf(instance, link->getStep());
+    auto current = known != nullptr ? *known : rootOf(instance, link->getStep());
     bool is_known_to_stay = true;
     for (auto next = ahead.rbegin(); next != ahead.rend(); ++next) {
         auto const& step = (*next)->getStep();
@@ -198,7 +198,7 @@ ObjectPtr Evaluator::findTarget(ObjectPtr const& instance, Chain const* chain, b
             }
         }
         if (is_known_to_stay && keeps_instances_)
-            instances_.emplace(*next, current);
+            instances_[*next] = current;
     }
     if (is_known_to_stay && keeps_instances_) {
         last_link_ = chain;

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "slate/ExpressionEvaluator.h"
+#include "slate/PointerMap.h"
 #include "slate/TopologicalPath.h"
 
 #include <memory>
 #include <string>
-#include <unordered_map>
 
 namespace Slate::Core {
 
@@ -61,7 +61,7 @@ class Evaluator {
     /// Where chains of the model at hand lead, so that each step is taken once. Dropped when something may
     /// have been replaced. Native objects may answer differently each time, so what they hold is always asked
     /// for.
-    std::unordered_map<Chain const*, ObjectPtr> instances_;
+    PointerMap<Chain, ObjectPtr> instances_;
     Chain const* last_link_ = nullptr; // where the last search led
     ObjectPtr last_instance_;
     bool keeps_instances_ = false;      // only while a model is evaluated

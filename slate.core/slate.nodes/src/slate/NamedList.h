@@ -97,7 +97,11 @@ class NameSet {
     /// In the order in which they were added.
     std::vector<std::string> const& names() const { return names_; }
 
-    void clear() { *this = NameSet(); }
+    /// Keeps room for as many names.
+    void clear() {
+        names_.clear();
+        positions_.clear();
+    }
 
   private:
     static constexpr std::size_t few = 8;
