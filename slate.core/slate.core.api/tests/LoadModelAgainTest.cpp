@@ -131,6 +131,19 @@ TEST_F(LoadModelAgain, OfEachKindOnOneContext) {
     EXPECT_THAT(context.getRegisteredObjects(), SizeIs(1 + 2 + 3));
 }
 
+TEST_F(LoadModelAgain, OfADocumentOnAnotherContextStillSeesTheModelsThatItWasBoundToAndTheirTraits) {
+    tree.write("base.slate", "trait Marked:\n    mark is Int: 1\n\nBase:\n    with Marked\n");
+    EXPECT_EQ(nameOf(loadFile("base.slate", context)), "Base");
+    auto const derived = Testing::parse("Derived is Base:\n    next is Int: mark + 1\n", "derived").document;
+    EXPECT_EQ(loadModelFromDocument(derived, std::nullopt, context)->getNumber("next"), 2);
+
+    SlateContext other(StringVector{});
+    auto const root = loadModelFromDocument(derived, std::nullopt, other);
+    ASSERT_TRUE(root);
+    EXPECT_EQ(root->getNumber("next"), 2);
+    EXPECT_THAT(errors(other), IsEmpty());
+}
+
 TEST_F(LoadModelAgain, InitialisesAllObjectsOfTheContextAgain) {
     context.getEvaluatorContext()->registerFactory("Shaft", makeNoting);
     auto const first = loadText(std::string(shaft) + mill, context, "Shaft");

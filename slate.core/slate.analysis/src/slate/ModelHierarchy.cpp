@@ -21,19 +21,18 @@ ModelHierarchy::ModelHierarchy(std::vector<DocPtr> const& documents) {
         for (auto const* members : {&document->getMembers(), &document->getRemovedMembers()}) {
             for (auto const& member : *members) {
                 if (auto const model = member->asModelDeclaration())
-                    addWithTraits(*model);
+                    add(*model);
             }
         }
     }
-    findHighTrees();
-}
-
-void ModelHierarchy::addWithTraits(ModelDeclaration const& model) {
-    add(model);
-    for (auto const& entry : model.getTraits()) {
-        if (auto const trait = entry->getTraitDeclaration())
-            add(*trait);
+    // More models are added as it goes.
+    for (std::size_t i = 0; i < models_.size(); ++i) {
+        for (auto const& entry : models_[i]->getTraits()) {
+            if (auto const trait = entry->getTraitDeclaration())
+                add(*trait);
+        }
     }
+    findHighTrees();
 }
 
 void ModelHierarchy::add(ModelDeclaration const& model) {

@@ -22,7 +22,7 @@ class ModelHierarchy {
         std::size_t end = 0;
     };
 
-    /// Of the models of these documents, their traits, and all that these extend.
+    /// Of the models of these documents, and all that they extend and mix in.
     explicit ModelHierarchy(std::vector<DocPtr> const& documents);
 
     /// The model that all lead to that have a base in common with this one: the root, or one of the ring.
@@ -66,7 +66,6 @@ class ModelHierarchy {
         bool is_in_ring = false;                // or leads into one
     };
 
-    void addWithTraits(ModelDeclaration const& model);
     void add(ModelDeclaration const& model);
     void addWayUp(std::vector<ModelDeclaration const*> const& way, ModelDeclaration const* above);
     void findHighTrees();
