@@ -21,7 +21,7 @@ import CorePythonSwig as slate
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 STEPS = 60
 MOST_HELD = 12
-ALLOWED = (OSError, RuntimeError, ValueError, TypeError, IndexError, OverflowError)
+ALLOWED = (OSError, RuntimeError, ValueError, TypeError, OverflowError)
 NAMES = ["A", "B", "Pump", "Shaft", "Gear", "mass", "name", "a", "b", "x", "", "a.b", "Absent", "near.Body"]
 
 
