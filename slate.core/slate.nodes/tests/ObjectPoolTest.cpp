@@ -59,6 +59,7 @@ class ObjectPools : public testing::Test {
   protected:
     std::vector<CountedPtr> makeMany(ObjectPool& pool, int count) {
         std::vector<CountedPtr> objects;
+        objects.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i)
             objects.push_back(pool.make<Counted>(alive_, i));
         return objects;

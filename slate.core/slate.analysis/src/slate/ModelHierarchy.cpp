@@ -25,14 +25,18 @@ ModelHierarchy::ModelHierarchy(std::vector<DocPtr> const& documents) {
             }
         }
     }
-    // More models are added as it goes.
-    for (std::size_t i = 0; i < models_.size(); ++i) {
-        for (auto const& entry : models_[i]->getTraits()) {
-            if (auto const trait = entry->getTraitDeclaration())
-                add(*trait);
-        }
-    }
+    // What is added here comes behind, and has its turn.
+    std::size_t next = 0;
+    while (next < models_.size())
+        addTraitsOf(*models_[next++]);
     findHighTrees();
+}
+
+void ModelHierarchy::addTraitsOf(ModelDeclaration const& model) {
+    for (auto const& entry : model.getTraits()) {
+        if (auto const trait = entry->getTraitDeclaration())
+            add(*trait);
+    }
 }
 
 void ModelHierarchy::add(ModelDeclaration const& model) {

@@ -67,6 +67,7 @@ class ModelHierarchy {
     };
 
     void add(ModelDeclaration const& model);
+    void addTraitsOf(ModelDeclaration const& model);
     void addWayUp(std::vector<ModelDeclaration const*> const& way, ModelDeclaration const* above);
     void findHighTrees();
     std::size_t countTraitModels(ModelDeclaration const& model) const;

@@ -29,12 +29,12 @@ class ObjectPool {
     template <typename Object, typename... Arguments>
     std::shared_ptr<Object> make(Arguments&&... arguments) {
         constexpr auto size = sizeof(Object) + size_of_control_block;
-        if constexpr (size > maximum_size || alignof(Object) > alignment)
+        if constexpr (size > maximum_size || alignof(Object) > alignment) {
             return std::make_shared<Object>(std::forward<Arguments>(arguments)...);
-        else
-            return std::allocate_shared<Object>(
-                Allocator<Object>(blockFor((size + alignment - 1) / alignment)),
-                std::forward<Arguments>(arguments)...);
+        } else {
+            Allocator<Object> const allocator(blockFor((size + alignment - 1) / alignment));
+            return std::allocate_shared<Object>(allocator, std::forward<Arguments>(arguments)...);
+        }
     }
 
     /// In a pool, or on the heap if there is none.
@@ -94,11 +94,11 @@ class ObjectPool::Block {
     void takeBack(void* place) noexcept;
 
     /// The pool is done with this block.
-    void retire() noexcept { release(all_ - given_); }
+    void retire() noexcept { release(share_of_pool - given_); }
 
   private:
-    /// Users as counted until the pool is done, so that giving places away needs no atomic operation.
-    static constexpr std::uint32_t all_ = std::uint32_t{1} << 31;
+    /// What the pool counts for until it is done, so that giving places away needs no atomic operation.
+    static constexpr std::uint32_t share_of_pool = std::uint32_t{1} << 31;
 
     void release(std::uint32_t users) noexcept;
 
@@ -106,7 +106,7 @@ class ObjectPool::Block {
     std::uint32_t const count_;
     std::size_t const object_size_;
     std::unique_ptr<std::byte[]> const memory_;
-    std::atomic<std::uint32_t> users_ = all_;
+    std::atomic<std::uint32_t> users_ = share_of_pool;
 };
 
 inline bool ObjectPool::hasRoom(Block const& block) { return block.hasRoom(); }

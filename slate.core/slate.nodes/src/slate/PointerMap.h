@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -52,11 +51,11 @@ class PointerMap {
 
     /// Of the key, or the free slot where it belongs.
     static std::size_t placeOf(Slots const& slots, Key const* key) {
-        // Addresses are alike in their low bits; the high bits of this product depend on all of them.
+        // Addresses are alike in their low bits; the upper half of this product depends on all of them.
         constexpr std::uint64_t golden_ratio = 0x9E3779B97F4A7C15;
         auto const mask = slots.size() - 1;
         auto const hash = reinterpret_cast<std::uintptr_t>(key) * golden_ratio;
-        auto place = static_cast<std::size_t>(hash >> (64 - std::bit_width(mask)));
+        auto place = static_cast<std::size_t>(hash >> 32U) & mask;
         while (slots[place].key != nullptr && slots[place].key != key)
             place = (place + 1) & mask;
         return place;
