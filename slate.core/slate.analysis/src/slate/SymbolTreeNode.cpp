@@ -76,6 +76,10 @@ TopoPathPtr SymbolTreeNode::extend(TopoPathPtr const& path, NodePtr const& node)
     return TopologicalPath::extend(path, node, &surroundings_->pool);
 }
 
+TopoPathPtr SymbolTreeNode::extendForNow(TopoPathPtr const& path, NodePtr const& node) const {
+    return TopologicalPath::extendForNow(path, node, surroundings_->pool);
+}
+
 /// The branch at the end of the target of an assignment; what is missing on the way there grows.
 SymbolTreeNode& SymbolTreeNode::growTo(VarAssignment const& member) {
     auto* node = this;
@@ -208,7 +212,7 @@ void SymbolTreeNode::grow_paths_from_members(TopoPathPtr const& path, vec<Annota
         if (member->isDeclaration() && !reached.declaration_)
             reached.declaration_ = member;
         if (!member->getAnnotations().empty() || !member->getMembers().empty())
-            reached.grow_paths_from_members(extend(path, member), member->getAnnotations(),
+            reached.grow_paths_from_members(extendForNow(path, member), member->getAnnotations(),
                                             member->getMembers());
     }
 }
@@ -220,7 +224,7 @@ void SymbolTreeNode::grow_paths_from_types(Unfolding& unfolding, TypesTask const
     if (!unfolds && member->getMembers().empty())
         return;
     auto& reached = growTo(*member);
-    unfolding.unfold(reached, extend(task.path, member), member, unfolds ? type : nullptr);
+    unfolding.unfold(reached, extendForNow(task.path, member), member, unfolds ? type : nullptr);
 }
 
 /// At the last place that all paths to the models in the cycle share.
@@ -261,7 +265,7 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
         for (auto const& segment : member->getSegments()) {
             reached = reached->child(segment.lexeme);
             if (reached == nullptr) {
-                SLATE_LOG_ERROR("Missing branch for {}", extend(path, member)->toFullString());
+                SLATE_LOG_ERROR("Missing branch for {}", extendForNow(path, member)->toFullString());
                 return false;
             }
             // Something more derived has assigned there.
@@ -270,7 +274,7 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
         if (!member->getValue()) {
             if (member->getMembers().empty() || is_overridden)
                 continue;
-            auto const nested = extend(path, member);
+            auto const nested = extendForNow(path, member);
             if (!reached->grow_max_paths_from_members(nested, member->getMembers(), body))
                 has_branches = false;
         } else if (std::exchange(reached->assigned_by_, body) == body) {
@@ -307,7 +311,7 @@ bool SymbolTreeNode::grow_max_paths_from_types(Unfolding& unfolding, TypesTask c
     for (auto const& segment : member->getSegments()) {
         reached = reached->child(segment.lexeme);
         if (reached == nullptr) {
-            SLATE_LOG_ERROR("Missing branch for {}", extend(task.path, member)->toFullString());
+            SLATE_LOG_ERROR("Missing branch for {}", extendForNow(task.path, member)->toFullString());
             return false;
         }
         is_assigned = is_assigned || (has_more && reached->max_path_);
@@ -318,7 +322,7 @@ bool SymbolTreeNode::grow_max_paths_from_types(Unfolding& unfolding, TypesTask c
                          member->hasTargetDeclarations();
     if (!unfolds && member->getMembers().empty())
         return true;
-    unfolding.unfold(*reached, extend(task.path, member), member, unfolds ? type : nullptr);
+    unfolding.unfold(*reached, extendForNow(task.path, member), member, unfolds ? type : nullptr);
     return true;
 }
 

@@ -155,6 +155,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     bool grow_max_paths_from_types(Unfolding& unfolding, TypesTask const& task, VarAssignPtr const& member);
     void reportCycle(ModelDeclaration const& model, UnfoldedModels const& visited) const;
     TopoPathPtr extend(TopoPathPtr const& path, NodePtr const& node) const;
+    TopoPathPtr extendForNow(TopoPathPtr const& path, NodePtr const& node) const;
     SymbolTreeNode* child(std::string_view name) const;
     SymbolTreeNode& findOrAddChild(std::string const& name);
     SymbolTreeNode& growTo(VarAssignment const& member);

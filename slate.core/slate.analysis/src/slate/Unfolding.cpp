@@ -72,13 +72,13 @@ void SymbolTreeNode::Unfolding::follow(GrowTask const& task, Attributes members_
 void SymbolTreeNode::Unfolding::unfold(SymbolTreeNode& reached, TopoPathPtr const& path,
                                        VarAssignPtr const& member, ModelDeclPtr const& type) {
     if (type)
-        add(GrowTask{&reached, reached.extend(path, type), excludedBy(*member)});
+        add(GrowTask{&reached, reached.extendForNow(path, type), excludedBy(*member)});
     if (!member->getMembers().empty())
         add(TypesTask{&reached, path, Attributes(member, &member->getMembers())});
 }
 
 void SymbolTreeNode::Unfolding::extend(GrowTask const& task, NodePtr const& node) {
-    add(GrowTask{task.node, task.node->extend(task.path, node), task.excluded});
+    add(GrowTask{task.node, task.node->extendForNow(task.path, node), task.excluded});
 }
 
 vec<AnnotationPtr> SymbolTreeNode::Unfolding::annotationsOf(Node& node) {

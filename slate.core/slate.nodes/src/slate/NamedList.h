@@ -10,6 +10,11 @@
 
 namespace Slate {
 
+/// The last bytes first: names that stand beside one another often begin alike (`motor1`, `motor2`).
+inline bool isSameName(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && (a.empty() || (a.back() == b.back() && a == b));
+}
+
 /// Values by name, in the order in which they were added. Few are compared one by one, many are looked up in
 /// a table.
 template <typename Value>
@@ -31,7 +36,7 @@ class NamedList {
     std::size_t positionOf(std::string_view name) const {
         if (positions_.empty()) {
             for (std::size_t i = 0; i < entries_.size(); ++i) {
-                if (entries_[i].first == name)
+                if (isSameName(entries_[i].first, name))
                     return i;
             }
             return NameIndex::none;
@@ -71,7 +76,7 @@ class NamedList {
     void clear() { *this = NamedList(); }
 
   private:
-    static constexpr std::size_t few = 8;
+    static constexpr std::size_t few = 16;
 
     std::vector<Entry> entries_;
     NameIndex positions_; // empty while there are few
@@ -104,11 +109,12 @@ class NameSet {
     }
 
   private:
-    static constexpr std::size_t few = 8;
+    static constexpr std::size_t few = 16;
 
     std::size_t positionOf(std::string_view name) const {
         if (positions_.empty()) {
-            auto const known = std::ranges::find(names_, name);
+            auto const known = std::ranges::find_if(
+                names_, [&](auto const& known_name) { return isSameName(known_name, name); });
             return known == names_.end() ? NameIndex::none : static_cast<std::size_t>(known - names_.begin());
         }
         return positions_.find(name, [&](std::size_t position) { return names_[position] == name; });

@@ -98,6 +98,12 @@ TopoPathPtr TopologicalPath::extend(TopoPathPtr const& path, NodePtr const& node
     return extended;
 }
 
+TopoPathPtr TopologicalPath::extendForNow(TopoPathPtr const& path, NodePtr const& node, ObjectPool& pool) {
+    auto extended = create();
+    extended->chain_ = addNode(path->chain_, node, &pool);
+    return extended;
+}
+
 TopoPathPtr TopologicalPath::commonPrefix(std::vector<TopoPathPtr> const& paths) {
     if (paths.empty())
         return create();

@@ -31,6 +31,10 @@ class TopologicalPath {
     /// The steps of `path`, and behind them those of the node.
     static TopoPathPtr extend(TopoPathPtr const& path, NodePtr const& node, ObjectPool* pool = nullptr);
 
+    /// The same for a path that will soon be dropped, where others go on from its steps: these alone stand in
+    /// the pool.
+    static TopoPathPtr extendForNow(TopoPathPtr const& path, NodePtr const& node, ObjectPool& pool);
+
     /// The longest run of steps that all paths begin with, with the steps of the first path.
     static TopoPathPtr commonPrefix(std::vector<TopoPathPtr> const& paths);
 
