@@ -64,14 +64,6 @@ SymbolTreeNode* SymbolTreeNode::child(std::string_view name) const {
     return child == nullptr ? nullptr : child->get();
 }
 
-SymbolTreeNode& SymbolTreeNode::findOrAddChild(std::string const& name) {
-    if (auto* const known = child(name))
-        return *known;
-    lockTree();
-    return *makeBelow().children.add(name,
-                                     surroundings_->pool.make<SymbolTreeNode>(CreateKey(), surroundings_));
-}
-
 TopoPathPtr SymbolTreeNode::extend(TopoPathPtr const& path, NodePtr const& node) const {
     return TopologicalPath::extend(path, node, &surroundings_->pool);
 }
@@ -80,11 +72,27 @@ TopoPathPtr SymbolTreeNode::extendForNow(TopoPathPtr const& path, NodePtr const&
     return TopologicalPath::extendForNow(path, node, surroundings_->pool);
 }
 
-/// The branch at the end of the target of an assignment; what is missing on the way there grows.
-SymbolTreeNode& SymbolTreeNode::growTo(VarAssignment const& member) {
+/// The branch at the end of the target of an assignment, which may become its declaration; what is missing on
+/// the way there grows.
+SymbolTreeNode& SymbolTreeNode::growTo(VarAssignPtr const& member, bool declares) {
     auto* node = this;
-    for (auto const& segment : member.getSegments())
-        node = &node->findOrAddChild(segment.lexeme);
+    for (auto const& segment : member->getSegments()) {
+        auto* next = node->child(segment.lexeme);
+        if (next == nullptr) {
+            lockTree();
+            auto branch = surroundings_->pool.make<SymbolTreeNode>(CreateKey(), surroundings_);
+            next = branch.get();
+            std::string_view name = segment.lexeme;
+            if (declares && &segment == &member->getSegments().back())
+                next->declaration_ = member; // which keeps the name
+            else
+                name = surroundings_->names.emplace_front(name);
+            node->makeBelow().children.add(name, std::move(branch));
+        }
+        node = next;
+    }
+    if (declares && !node->declaration_)
+        node->declaration_ = member;
     return *node;
 }
 
@@ -208,9 +216,7 @@ void SymbolTreeNode::grow_paths_from_members(TopoPathPtr const& path, vec<Annota
     for (auto const& member : members) {
         if (!member->isValid())
             continue;
-        auto& reached = growTo(*member);
-        if (member->isDeclaration() && !reached.declaration_)
-            reached.declaration_ = member;
+        auto& reached = growTo(member, member->isDeclaration());
         if (!member->getAnnotations().empty() || !member->getMembers().empty())
             reached.grow_paths_from_members(extendForNow(path, member), member->getAnnotations(),
                                             member->getMembers());
@@ -223,7 +229,7 @@ void SymbolTreeNode::grow_paths_from_types(Unfolding& unfolding, TypesTask const
     bool const unfolds = type && member->isDeclaration() && member->hasTargetDeclarations();
     if (!unfolds && member->getMembers().empty())
         return;
-    auto& reached = growTo(*member);
+    auto& reached = growTo(member, false);
     unfolding.unfold(reached, extendForNow(task.path, member), member, unfolds ? type : nullptr);
 }
 

@@ -8,6 +8,7 @@
 #include "slate/TopologicalPath.h"
 
 #include <cstdint>
+#include <forward_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -72,6 +73,9 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
         std::shared_ptr<ErrorReporter> error_reporter;
         std::weak_ptr<SymbolTree> tree;
         ObjectPool pool; // for branches and paths
+
+        /// Of branches that grew from what is no declaration of their own.
+        std::forward_list<std::string> names;
     };
 
     SymbolTreeNode(CreateKey, std::shared_ptr<Surroundings> surroundings)
@@ -89,8 +93,11 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     /// The path of the assignment that gives the value; empty without one.
     TopoPathPtr const& getMaxPath() const { return max_path_; }
 
+    /// The names are kept as long as the branches.
+    using Children = NamedList<SymbolTreeNodePtr, std::string_view>;
+
     /// The branches by attribute name, in the order in which they grew.
-    NamedList<SymbolTreeNodePtr> const& getChildren() const { return below().children; }
+    Children const& getChildren() const { return below().children; }
 
     /// One path a name, in the order in which they were found.
     NamedList<TopoPathPtr> const& getAnnotationPaths() const;
@@ -132,7 +139,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
   private:
     /// What most branches have not, being leaves without annotations.
     struct Below {
-        NamedList<SymbolTreeNodePtr> children;
+        Children children;
         std::unique_ptr<NamedList<TopoPathPtr>> annotation_paths;
         bool has_max_paths = false; // in the children
     };
@@ -157,8 +164,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     TopoPathPtr extend(TopoPathPtr const& path, NodePtr const& node) const;
     TopoPathPtr extendForNow(TopoPathPtr const& path, NodePtr const& node) const;
     SymbolTreeNode* child(std::string_view name) const;
-    SymbolTreeNode& findOrAddChild(std::string const& name);
-    SymbolTreeNode& growTo(VarAssignment const& member);
+    SymbolTreeNode& growTo(VarAssignPtr const& member, bool declares);
     void addAnnotation(AnnotationPtr const& annotation, TopoPathPtr const& path);
     bool assign(TopoPathPtr const& path);
 

@@ -55,7 +55,7 @@ Evaluator::Evaluator(std::shared_ptr<EvaluatorContext> evaluator_context,
 Evaluator::~Evaluator() = default;
 
 ObjectPtr Evaluator::evalModel(ModelDeclPtr const& model) {
-    auto const paths = model->getTopologicalSort();
+    auto const paths = model->shareTopologicalSort();
     dropInstances(); // also of one that a native has ended by an exception
     keeps_instances_ = true;
     auto const end = [this](ObjectPtr const& object) {
@@ -67,7 +67,7 @@ ObjectPtr Evaluator::evalModel(ModelDeclPtr const& model) {
         expression_evaluator_->setDocument(std::move(document));
     auto root = expression_evaluator_->getOrCreateInstance(model, nullptr);
     root->setName(model->getName());
-    for (auto const& path : paths) {
+    for (auto const& path : paths ? *paths : vec<TopoPathPtr>()) {
         if (!path->isValid() || path->getLastStep() == nullptr)
             continue;
         auto const outcome = evaluatePath(root, path);

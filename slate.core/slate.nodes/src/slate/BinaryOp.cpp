@@ -17,12 +17,8 @@ BinaryOp::BinaryOp(CreateKey, ExpressionPtr&& lhs, ExpressionPtr&& rhs, Token&& 
 
 void BinaryOp::accept(NodeVisitor& visitor) { visitor.visitBinaryOp(shared_from_this()); }
 
-void BinaryOp::setOverload(OpOverloadPtr const& overload) {
-    overload_ = overload ? std::make_unique<std::weak_ptr<OperatorOverload>>(overload) : nullptr;
-}
-
 void BinaryOp::unbindLink() {
-    overload_.reset();
+    setOverload(nullptr);
     rhs_->unbind();
 }
 

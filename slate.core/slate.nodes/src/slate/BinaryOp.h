@@ -33,9 +33,9 @@ class BinaryOp : public ChainLink, public std::enable_shared_from_this<BinaryOp>
     void setLastTokenFromRhs() { referToLastToken(rhs_->getLastToken()); }
 
     /// The overload that the operator stands for; empty for an operation on primitives and until bound.
-    OpOverloadPtr getOverload() const { return overload_ ? overload_->lock() : nullptr; }
+    OpOverloadPtr getOverload() const { return getOverloadLink(); }
 
-    void setOverload(OpOverloadPtr const& overload);
+    void setOverload(OpOverloadPtr const& overload) { setOverloadLink(overload); }
 
   protected:
     void unbindLink() override;
@@ -44,7 +44,6 @@ class BinaryOp : public ChainLink, public std::enable_shared_from_this<BinaryOp>
   private:
     OperatorToken const operator_token_;
     ExpressionPtr const rhs_;
-    std::unique_ptr<std::weak_ptr<OperatorOverload>> overload_; // most operations are on primitives
 };
 
 } // namespace Slate

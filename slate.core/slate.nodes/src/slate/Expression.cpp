@@ -49,31 +49,36 @@ PrimitiveType const* Expression::getPrimitiveType() const {
 }
 
 Token const& Expression::getFirstToken() const {
-    auto const* const given = given_span_ ? given_span_->first : nullptr;
+    auto const* const given = extras_ ? extras_->first : nullptr;
     auto const* const token = given == nullptr ? getOwnFirstToken() : given;
     return token == nullptr ? no_token : *token;
 }
 
 Token const& Expression::getLastToken() const {
-    auto const* const given = given_span_ ? given_span_->last : nullptr;
+    auto const* const given = extras_ ? extras_->last : nullptr;
     auto const* const token = given == nullptr ? getOwnLastToken() : given;
     return token == nullptr ? no_token : *token;
 }
 
-Expression::GivenSpan& Expression::givenSpan() {
-    if (!given_span_)
-        given_span_ = std::make_unique<GivenSpan>();
-    return *given_span_;
+Expression::Extras& Expression::makeExtras() {
+    if (!extras_)
+        extras_ = std::make_unique<Extras>();
+    return *extras_;
+}
+
+void Expression::setOverloadLink(OpOverloadPtr const& overload) {
+    if (extras_ || overload)
+        makeExtras().overload = overload;
 }
 
 void Expression::setFirstToken(Token token) {
-    auto& span = givenSpan();
-    span.first = &span.tokens.emplace_front(std::move(token));
+    auto& extras = makeExtras();
+    extras.first = &extras.tokens.emplace_front(std::move(token));
 }
 
 void Expression::setLastToken(Token token) {
-    auto& span = givenSpan();
-    span.last = &span.tokens.emplace_front(std::move(token));
+    auto& extras = makeExtras();
+    extras.last = &extras.tokens.emplace_front(std::move(token));
 }
 
 void Expression::releaseChain(ExpressionPtr operand) {

@@ -69,19 +69,27 @@ class Expression : public Node {
     /// Takes the span over from `source`, of which this is a clone.
     virtual void setSpanOf(Expression const& source);
 
+    // For operations: a link to an overload, empty to begin with.
+
+    OpOverloadPtr getOverloadLink() const { return extras_ ? extras_->overload.lock() : nullptr; }
+
+    void setOverloadLink(OpOverloadPtr const& overload);
+
   private:
-    /// The tokens that were set. One that was replaced is kept, since the expression around this one may
-    /// refer to it.
-    struct GivenSpan {
+    /// What most expressions have nothing of: they stand without parentheses, and operate on primitives.
+    struct Extras {
+        /// The tokens of a span that was set. One that was replaced is kept, since the expression around this
+        /// one may refer to it.
         std::forward_list<Token> tokens;
         Token const* first = nullptr;
         Token const* last = nullptr;
+        std::weak_ptr<OperatorOverload> overload;
     };
 
-    GivenSpan& givenSpan();
+    Extras& makeExtras();
 
     TypeLink type_;
-    std::unique_ptr<GivenSpan> given_span_; // most expressions stand without parentheses
+    std::unique_ptr<Extras> extras_;
 };
 
 } // namespace Slate

@@ -61,6 +61,15 @@ ModelDeclaration::ModelDeclaration(CreateKey, Token&& qualifier_token, Token&& n
       deletions_(std::move(deletions)),
       members_(std::move(members), nameOf) {}
 
+std::vector<TopoPathPtr> const& ModelDeclaration::getTopologicalSort() const {
+    static std::vector<TopoPathPtr> const none;
+    return topological_sort_ ? *topological_sort_ : none;
+}
+
+void ModelDeclaration::setTopologicalSort(std::vector<TopoPathPtr> topological_sort) {
+    topological_sort_ = std::make_shared<std::vector<TopoPathPtr> const>(std::move(topological_sort));
+}
+
 void ModelDeclaration::accept(NodeVisitor& visitor) { visitor.visitModelDeclaration(shared_from_this()); }
 
 void ModelDeclaration::unbind() {

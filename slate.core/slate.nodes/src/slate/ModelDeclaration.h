@@ -128,11 +128,12 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     std::string getSourceIdOrDefault() const;
 
     /// The evaluation order of the attributes.
-    std::vector<TopoPathPtr> const& getTopologicalSort() const { return topological_sort_; }
+    std::vector<TopoPathPtr> const& getTopologicalSort() const;
 
-    void setTopologicalSort(std::vector<TopoPathPtr> topological_sort) {
-        topological_sort_ = std::move(topological_sort);
-    }
+    /// The same, for who goes through it while it may be set anew; empty if it never was set.
+    std::shared_ptr<std::vector<TopoPathPtr> const> shareTopologicalSort() const { return topological_sort_; }
+
+    void setTopologicalSort(std::vector<TopoPathPtr> topological_sort);
 
     // What a pass finds that walks the members; it begins with an empty record.
 
@@ -251,7 +252,7 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     vec<DeletionPtr> deletions_;
     MemberList members_;
     std::weak_ptr<Document> owning_document_;
-    std::vector<TopoPathPtr> topological_sort_;
+    std::shared_ptr<std::vector<TopoPathPtr> const> topological_sort_;
     std::vector<std::string> namespace_snapshot_;
     NamedList<std::weak_ptr<Node>> new_symbols_; // the model's own attributes among them
     NameSet extended_symbols_;

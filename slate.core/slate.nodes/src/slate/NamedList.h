@@ -16,11 +16,11 @@ inline bool isSameName(std::string_view a, std::string_view b) {
 }
 
 /// Values by name, in the order in which they were added. Few are compared one by one, many are looked up in
-/// a table.
-template <typename Value>
+/// a table. With `std::string_view` as `Name` someone else keeps the names.
+template <typename Value, typename Name = std::string>
 class NamedList {
   public:
-    using Entry = std::pair<std::string, Value>;
+    using Entry = std::pair<Name, Value>;
 
     /// Null if there is none of that name.
     Value const* find(std::string_view name) const {
@@ -45,7 +45,7 @@ class NamedList {
     }
 
     /// The name must be new.
-    Value& add(std::string name, Value value) {
+    Value& add(Name name, Value value) {
         entries_.emplace_back(std::move(name), std::move(value));
         if (entries_.size() > few) {
             for (auto i = positions_.empty() ? 0 : entries_.size() - 1; i < entries_.size(); ++i)
@@ -57,7 +57,7 @@ class NamedList {
     /// The value of the name; a new one if there is none.
     Value& findOrAdd(std::string_view name) {
         auto* const known = find(name);
-        return known == nullptr ? add(std::string(name), Value()) : *known;
+        return known == nullptr ? add(Name(name), Value()) : *known;
     }
 
     std::vector<Entry> const& entries() const { return entries_; }

@@ -1,5 +1,7 @@
 #include "slate/OperatorToken.h"
 
+#include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -23,20 +25,24 @@ std::string_view textOf(TokenType type) {
 } // namespace
 
 OperatorToken::OperatorToken(Token&& token)
-    : line_(static_cast<std::uint32_t>(token.line)),
-      column_(static_cast<std::uint16_t>(token.column)),
-      type_(static_cast<std::uint8_t>(token.type)) {
-    bool const says_all = type() == token.type && line_ == token.line && column_ == token.column &&
+    : word_(1U | static_cast<std::uint64_t>(token.type) << type_place | token.column << column_place |
+            token.line << line_place) {
+    // What does not fit reads differently.
+    bool const says_all = type() == token.type && column() == token.column && line() == token.line &&
                           textOf(token.type) == token.lexeme;
     if (!says_all)
-        as_given_ = std::make_unique<Token const>(std::move(token));
+        word_ = reinterpret_cast<std::uintptr_t>(std::make_unique<Token const>(std::move(token)).release());
+}
+
+OperatorToken::~OperatorToken() {
+    if (!isPacked())
+        std::unique_ptr<Token const>(given()).reset();
 }
 
 Token OperatorToken::get() const {
-    if (as_given_)
-        return *as_given_;
-    auto const type = static_cast<TokenType>(type_);
-    return {type, std::string(textOf(type)), line_, column_};
+    if (!isPacked())
+        return *given();
+    return {type(), std::string(textOf(type())), line(), column()};
 }
 
 } // namespace Slate

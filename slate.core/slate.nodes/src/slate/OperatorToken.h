@@ -3,26 +3,44 @@
 #include "slate/Token.h"
 
 #include <cstdint>
-#include <memory>
 
 namespace Slate {
 
-/// A token that nearly always is a word or sign of the language, such as `is` or `+`, kept in 16 bytes: each
+/// A token that nearly always is a word or sign of the language, such as `is` or `+`, kept in 8 bytes: each
 /// attribute and each operation has one. A token whose text, line or column says more is kept as it was
 /// given.
 class OperatorToken {
   public:
     explicit OperatorToken(Token&& token);
+    ~OperatorToken();
 
-    TokenType type() const { return as_given_ ? as_given_->type : static_cast<TokenType>(type_); }
+    OperatorToken(OperatorToken const&) = delete;
+    OperatorToken& operator=(OperatorToken const&) = delete;
+
+    TokenType type() const {
+        return isPacked() ? static_cast<TokenType>(word_ >> type_place & type_mask) : given()->type;
+    }
 
     Token get() const;
 
   private:
-    std::unique_ptr<Token const> as_given_; // then the rest is void
-    std::uint32_t line_ = 0;
-    std::uint16_t column_ = 0;
-    std::uint8_t type_ = 0;
+    // From the lowest bit: 1, seven bits of type, 24 of column, 32 of line. Or the address of a token of its
+    // own, which is even.
+    static constexpr unsigned type_place = 1;
+    static constexpr unsigned column_place = 8;
+    static constexpr unsigned line_place = 32;
+    static constexpr std::uint64_t type_mask = 0x7F;
+    static constexpr std::uint64_t column_mask = 0xFF'FFFF;
+
+    bool isPacked() const { return (word_ & 1U) != 0; }
+
+    line_t line() const { return word_ >> line_place; }
+
+    col_t column() const { return word_ >> column_place & column_mask; }
+
+    Token const* given() const { return reinterpret_cast<Token const*>(static_cast<std::uintptr_t>(word_)); }
+
+    std::uint64_t word_;
 };
 
 } // namespace Slate

@@ -18,7 +18,7 @@ Unary::Unary(CreateKey, Token&& operator_token, ExpressionPtr&& operand)
 void Unary::accept(NodeVisitor& visitor) { visitor.visitUnary(shared_from_this()); }
 
 void Unary::unbindLink() {
-    overload_.reset();
+    setOverload(nullptr);
     operand_->unbind();
 }
 

@@ -21,9 +21,9 @@ class Unary : public Expression, public std::enable_shared_from_this<Unary> {
     ExpressionPtr const& getOperand() const { return operand_; }
 
     /// The overload that the operator stands for; empty for an operation on primitives and until bound.
-    OpOverloadPtr getOverload() const { return overload_.lock(); }
+    OpOverloadPtr getOverload() const { return getOverloadLink(); }
 
-    void setOverload(OpOverloadPtr const& overload) { overload_ = overload; }
+    void setOverload(OpOverloadPtr const& overload) { setOverloadLink(overload); }
 
   protected:
     Token const* getOwnFirstToken() const override { return &operator_token_; }
@@ -37,7 +37,6 @@ class Unary : public Expression, public std::enable_shared_from_this<Unary> {
     Token const operator_token_;
     ExpressionPtr const operand_;
     Token const* const last_token_; // of the operand
-    std::weak_ptr<OperatorOverload> overload_;
 };
 
 } // namespace Slate

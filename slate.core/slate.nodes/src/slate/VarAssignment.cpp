@@ -26,21 +26,27 @@ VarAssignment::VarAssignment(CreateKey, TokenVector&& segments, Token&& operator
                              vec<VarAssignPtr>&& members, ExpressionPtr&& value)
     : Node(NodeType::VarAssignment),
       segments_(std::move(segments)),
-      body_(annotations.empty() && members.empty()
-                ? nullptr
-                : std::make_unique<Body const>(Body{std::move(annotations), std::move(members)})),
+      extras_(annotations.empty() && members.empty()
+                  ? nullptr
+                  : std::make_unique<Extras>(Extras{std::move(annotations), std::move(members)})),
       value_(std::move(value)),
       type_segments_(std::move(type_segments)),
       operator_token_(std::move(operator_token)) {}
 
-VarAssignment::Body const& VarAssignment::emptyBody() {
-    static Body const empty;
-    return empty;
+VarAssignment::Extras const& VarAssignment::noExtras() {
+    static Extras const none{};
+    return none;
 }
 
-vec<AnnotationPtr> const& VarAssignment::getAnnotations() const { return body().annotations; }
+VarAssignment::Extras& VarAssignment::makeExtras() {
+    if (!extras_)
+        extras_ = std::make_unique<Extras>();
+    return *extras_;
+}
 
-vec<VarAssignPtr> const& VarAssignment::getMembers() const { return body().members; }
+vec<AnnotationPtr> const& VarAssignment::getAnnotations() const { return extras().annotations; }
+
+vec<VarAssignPtr> const& VarAssignment::getMembers() const { return extras().members; }
 
 void VarAssignment::setSuppliedValue(ExpressionPtr value) {
     if (value_ && !is_value_supplied_)
@@ -54,7 +60,10 @@ void VarAssignment::accept(NodeVisitor& visitor) { visitor.visitVarAssignment(sh
 void VarAssignment::unbind() {
     owning_document_.reset();
     owning_model_.reset();
-    place_.reset();
+    if (extras_) {
+        extras_->parent.reset();
+        extras_->target_declarations.clear();
+    }
     targets_itself_ = false;
     type_.clear();
     for (auto const& annotation : getAnnotations())
@@ -121,7 +130,7 @@ std::string VarAssignment::getSourceId() const {
 }
 
 TypePtr VarAssignment::getType() const {
-    return getTypeOfSegment(hasOtherTargets() ? place_->target_declarations.size() - 1 : 0);
+    return getTypeOfSegment(hasOtherTargets() ? extras_->target_declarations.size() - 1 : 0);
 }
 
 TypePtr VarAssignment::getTypeOfSegment(std::size_t index) const {
@@ -133,19 +142,13 @@ TypePtr VarAssignment::getTypeOfSegment(std::size_t index) const {
 
 /// Of other declarations than this one; empty beyond the last.
 VarAssignPtr VarAssignment::targetAt(std::size_t index) const {
-    return place_ && index < place_->target_declarations.size() ? place_->target_declarations[index].lock()
-                                                                : nullptr;
+    auto const& targets = extras().target_declarations;
+    return index < targets.size() ? targets[index].lock() : nullptr;
 }
 
 void VarAssignment::setParent(VarAssignPtr const& parent) {
-    if (place_ || parent)
-        place().parent = parent;
-}
-
-VarAssignment::Place& VarAssignment::place() {
-    if (!place_)
-        place_ = std::make_unique<Place>();
-    return *place_;
+    if (extras_ || parent)
+        makeExtras().parent = parent;
 }
 
 void VarAssignment::setType(TypePtr const& type) { type_.set(type); }
@@ -154,21 +157,21 @@ vec<VarAssignPtr> VarAssignment::getTargetDeclarations() const {
     vec<VarAssignPtr> targets;
     if (targets_itself_)
         targets.push_back(std::const_pointer_cast<VarAssignment>(shared_from_this()));
-    else if (place_)
-        std::ranges::transform(place_->target_declarations, std::back_inserter(targets),
+    else
+        std::ranges::transform(extras().target_declarations, std::back_inserter(targets),
                                &std::weak_ptr<VarAssignment>::lock);
     return targets;
 }
 
 void VarAssignment::setTargetDeclarations(vec<VarAssignPtr> const& target_declarations) {
     targets_itself_ = false;
-    if (place_ || !target_declarations.empty())
-        place().target_declarations.assign(target_declarations.begin(), target_declarations.end());
+    if (extras_ || !target_declarations.empty())
+        makeExtras().target_declarations.assign(target_declarations.begin(), target_declarations.end());
 }
 
 void VarAssignment::setTargetsItself() {
-    if (place_)
-        place_->target_declarations.clear();
+    if (extras_)
+        extras_->target_declarations.clear();
     targets_itself_ = true;
 }
 

@@ -95,7 +95,7 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     void setOwningModel(ModelDeclPtr const& owning_model) { owning_model_ = owning_model; }
 
     /// The enclosing attribute of a nested one.
-    VarAssignPtr getParent() const { return place_ ? place_->parent.lock() : nullptr; }
+    VarAssignPtr getParent() const { return extras().parent.lock(); }
 
     void setParent(VarAssignPtr const& parent);
 
@@ -117,34 +117,32 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     VarAssignPtr getOwningDeclaration();
 
   private:
-    struct Body {
-        vec<AnnotationPtr> annotations;
-        vec<VarAssignPtr> members;
+    /// What most attributes have nothing of.
+    struct Extras {
+        vec<AnnotationPtr> const annotations;
+        vec<VarAssignPtr> const members;
+
+        // Where an assignment stands and leads that is no declaration in a model.
+        std::weak_ptr<VarAssignment> parent{};
+        std::vector<std::weak_ptr<VarAssignment>> target_declarations{};
     };
 
-    /// Where an assignment stands and leads that is no declaration in a model.
-    struct Place {
-        std::weak_ptr<VarAssignment> parent;
-        std::vector<std::weak_ptr<VarAssignment>> target_declarations;
-    };
+    static Extras const& noExtras();
 
-    static Body const& emptyBody();
+    Extras const& extras() const { return extras_ ? *extras_ : noExtras(); }
 
-    Body const& body() const { return body_ ? *body_ : emptyBody(); }
+    Extras& makeExtras();
 
-    Place& place();
+    bool hasParent() const { return extras_ && !extras_->parent.expired(); }
 
-    bool hasParent() const { return place_ && !place_->parent.expired(); }
-
-    bool hasOtherTargets() const { return place_ && !place_->target_declarations.empty(); }
+    bool hasOtherTargets() const { return extras_ && !extras_->target_declarations.empty(); }
 
     VarAssignPtr targetAt(std::size_t index) const;
 
     // What most walks over attributes ask for comes first: these walks wait for memory more than for anything
     // else.
     TokenVector const segments_;
-    std::unique_ptr<Place> place_;           // most attributes have none
-    std::unique_ptr<Body const> const body_; // nor this
+    std::unique_ptr<Extras> extras_;
     ExpressionPtr value_;
     [[no_unique_address]] TypeLink type_; // the next two stand in its padding
     bool targets_itself_ = false;         // then there are no others
