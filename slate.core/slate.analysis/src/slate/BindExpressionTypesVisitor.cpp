@@ -18,7 +18,7 @@ BindExpressionTypesVisitor::BindExpressionTypesVisitor(std::shared_ptr<AnalysisC
 void BindExpressionTypesVisitor::visitDocument(DocPtr const& node) {
     for (auto const& member : node->getMembers()) {
         if (member->isModelDeclaration() || member->isVarAssignment())
-            member->accept(*this);
+            accept(member);
     }
 }
 

@@ -9,10 +9,9 @@ void BindExtendedSymbolsVisitor::visitModelDeclaration(ModelDeclPtr const& node)
     node->clearExtendedSymbols();
     for (auto const& member : node->getMembers()) {
         // Nearly all attributes declare one name and nothing inside of it: nothing of them is recorded.
-        auto const* const attribute =
-            member->isVarAssignment() ? static_cast<VarAssignment const*>(member.get()) : nullptr;
+        auto const* const attribute = attributeIn(member.get());
         if (attribute != nullptr && (attribute->getSegments().size() > 1 || !attribute->getMembers().empty()))
-            member->accept(*this);
+            accept(member);
     }
 }
 

@@ -29,8 +29,9 @@ ExpressionPtr nameAsExpression(ModelDeclaration const& model) {
 
 void BindImplicitRhsVisitor::visitModelDeclaration(ModelDeclPtr const& node) {
     for (auto const& member : node->getMembers()) {
-        if (member->isVarAssignment() && !static_cast<VarAssignment const&>(*member).getValue())
-            member->accept(*this);
+        auto const* const attribute = attributeIn(member.get());
+        if (attribute != nullptr && !attribute->getValue())
+            accept(member);
     }
 }
 

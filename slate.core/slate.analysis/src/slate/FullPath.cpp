@@ -7,11 +7,19 @@
 namespace Slate::Analysis {
 
 FullPath::At::At(FullPath& path, VarAssignment const& attribute)
-    : path_(path), length_before_(path.text_.size()), goes_on_(attribute.getParent() != nullptr) {
-    if (!goes_on_ && !path_.text_.empty())
-        text_before_ = std::exchange(path_.text_, {});
-    bool is_first = !goes_on_;
-    for (auto const& segment : attribute.getSegments()) {
+    : path_(path), single_before_(path.single_), length_before_(path.text_.size()) {
+    auto const& segments = attribute.getSegments();
+    bool const goes_on = attribute.getParent() != nullptr;
+    path_.single_ = nullptr;
+    if (!goes_on && segments.size() == 1) {
+        path_.single_ = &segments.front().lexeme;
+        return;
+    }
+    is_replaced_ = !goes_on || single_before_ != nullptr;
+    if (is_replaced_)
+        text_before_ = std::exchange(path_.text_, goes_on ? *single_before_ : std::string());
+    bool is_first = !goes_on;
+    for (auto const& segment : segments) {
         if (!std::exchange(is_first, false))
             path_.text_ += '.';
         path_.text_ += segment.lexeme;
@@ -19,15 +27,16 @@ FullPath::At::At(FullPath& path, VarAssignment const& attribute)
 }
 
 FullPath::At::~At() {
-    if (goes_on_ || length_before_ == 0)
-        path_.text_.resize(length_before_);
-    else
+    path_.single_ = single_before_;
+    if (is_replaced_)
         path_.text_ = std::move(text_before_);
+    else
+        path_.text_.resize(length_before_);
 }
 
 std::string FullPath::textWithoutLastSegment(VarAssignment const& attribute) const {
     auto const last = attribute.getSegments().back().lexeme.size();
-    return last < text_.size() ? text_.substr(0, text_.size() - last - 1) : std::string();
+    return last < text().size() ? text().substr(0, text().size() - last - 1) : std::string();
 }
 
 } // namespace Slate::Analysis

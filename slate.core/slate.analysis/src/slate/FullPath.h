@@ -21,18 +21,20 @@ class FullPath {
 
       private:
         FullPath& path_;
-        std::string text_before_; // where the attribute does not go on from the one around it
+        std::string const* single_before_;
+        std::string text_before_; // if it was replaced
         std::size_t length_before_;
-        bool goes_on_;
+        bool is_replaced_ = false;
     };
 
-    std::string const& text() const { return text_; }
+    std::string const& text() const { return single_ == nullptr ? text_ : *single_; }
 
     /// The full path less the last segment of the attribute, and the "." in front of that.
     std::string textWithoutLastSegment(VarAssignment const& attribute) const;
 
   private:
-    std::string text_;
+    std::string const* single_ = nullptr; // the name of an attribute that is the whole path; not copied
+    std::string text_;                    // else
 };
 
 } // namespace Slate::Analysis

@@ -114,29 +114,29 @@ void InheritedNames::addTrait(ModelDeclaration const& trait, std::size_t place) 
 
 void InheritedNames::addSymbols(ModelDeclaration const& model, std::size_t place) {
     for (auto const& [path, symbol] : model.getNewSymbols().entries()) {
-        auto const node = symbol.lock();
-        auto const attribute = node ? node->asVarAssignment() : nullptr;
-        if (attribute && !declarations_.isSetAt(path, place))
-            declarations_.set(path, attribute, place);
+        auto node = symbol.lock();
+        if (attributeIn(node.get()) != nullptr)
+            declarations_.setFirst(path, std::static_pointer_cast<VarAssignment>(std::move(node)), place);
     }
 }
 
 void InheritedNames::addMembers(ModelDeclaration const& model, std::size_t place) {
     for (auto const& member : model.getMembers()) {
-        auto const attribute = member->asVarAssignment();
-        if (!attribute || !attribute->isDeclaration() || attribute->getSegments().size() != 1)
+        auto const* const attribute = attributeIn(member.get());
+        if (attribute == nullptr || !attribute->isDeclaration() || attribute->getSegments().size() != 1)
             continue;
-        auto const& name = attribute->getSegments().front().lexeme;
-        if (!typed_members_.isSetAt(name, place))
-            typed_members_.set(name, attribute, place);
+        typed_members_.setFirst(attribute->getSegments().front().lexeme,
+                                std::static_pointer_cast<VarAssignment>(member), place);
     }
 }
 
 void InheritedNames::addMethods(ModelDeclaration const& model, std::size_t place) {
     for (auto const& member : model.getMembers()) {
-        auto const method = member->asMethodDeclaration();
-        if (method && !methods_.isSetAt(method->getName(), place))
-            methods_.set(method->getName(), method, place);
+        if (!member->isMethodDeclaration())
+            continue;
+        auto method = std::static_pointer_cast<MethodDeclaration>(member);
+        auto const& name = method->getName();
+        methods_.setFirst(name, std::move(method), place);
     }
 }
 

@@ -18,7 +18,7 @@ InvalidateGlobalDuplicateSymbolsVisitor::InvalidateGlobalDuplicateSymbolsVisitor
 void InvalidateGlobalDuplicateSymbolsVisitor::visitDocument(DocPtr const& node) {
     for (auto const& member : node->getMembers()) {
         checkGlobalName(*node, *member);
-        member->accept(*this);
+        accept(member);
     }
 }
 

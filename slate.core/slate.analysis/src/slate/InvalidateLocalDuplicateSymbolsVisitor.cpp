@@ -18,7 +18,7 @@ void InvalidateLocalDuplicateSymbolsVisitor::visitDocument(DocPtr const& node) {
     vec<ModelDeclPtr> models;
     for (auto const& member : node->getMembers()) {
         if (member->isVarAssignment()) {
-            member->accept(*this);
+            accept(member);
         } else if (auto const model = member->asModelDeclaration()) {
             if (!names_.add(model->getName()))
                 reject(*model, model->getName(), model->getNameToken(), model->getSourceIdOrDefault());

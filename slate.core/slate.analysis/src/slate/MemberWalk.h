@@ -1,6 +1,9 @@
 #pragma once
 
 #include "slate/NodeVisitor.h"
+#include "slate/VarAssignment.h"
+
+#include <memory>
 
 namespace Slate::Analysis {
 
@@ -17,8 +20,19 @@ class MemberWalk : public NodeVisitor {
     template <typename Element>
     void acceptAll(vec<Element> const& nodes) {
         for (auto const& node : nodes)
+            accept(node);
+    }
+
+    /// As `node->accept(*this)`. Attributes, which are the most, are visited without asking them who they
+    /// are.
+    void accept(NodePtr const& node) {
+        if (node->isVarAssignment())
+            visitVarAssignment(std::static_pointer_cast<VarAssignment>(node));
+        else
             node->accept(*this);
     }
+
+    void accept(VarAssignPtr const& node) { visitVarAssignment(node); }
 };
 
 } // namespace Slate::Analysis

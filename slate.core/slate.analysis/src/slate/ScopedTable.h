@@ -22,7 +22,11 @@ class ScopedKeys {
         return known == numbers_.end() ? std::nullopt : std::optional(known->second);
     }
 
-    void add(Key key) { numbers_.emplace(key, numbers_.size()); }
+    /// Empty if the key is new; then it has the next number.
+    std::optional<std::size_t> findOrAdd(Key key) {
+        auto const [entry, is_new] = numbers_.try_emplace(key, numbers_.size());
+        return is_new ? std::nullopt : std::optional(entry->second);
+    }
 
   private:
     std::unordered_map<Key, std::size_t> numbers_;
@@ -37,9 +41,14 @@ class ScopedKeys<std::string_view> {
         return number == NameIndex::none ? std::nullopt : std::optional(number);
     }
 
-    void add(std::string_view name) {
-        numbers_.add(name, names_.size());
+    std::optional<std::size_t> findOrAdd(std::string_view name) {
+        auto const hash = NameIndex::hashOf(name);
+        auto const number = numbers_.find(hash, [&](std::size_t i) { return names_[i] == name; });
+        if (number != NameIndex::none)
+            return number;
+        numbers_.add(hash, names_.size());
         names_.push_back(name);
+        return std::nullopt;
     }
 
   private:
@@ -57,25 +66,23 @@ class ScopedTable {
   public:
     /// Adds or replaces an entry of the place that was entered last.
     void set(Key key, Value value, std::size_t place) {
-        auto const known = keys_.find(key);
-        if (!known) {
-            undo_.emplace_back(changes_.size(), Value());
-            keys_.add(key);
-            changes_.push_back({{place, std::move(value), true}, {}});
-            return;
-        }
-        auto& changes = changes_[*known];
-        undo_.emplace_back(*known, changes.last().value);
-        put(changes, {place, std::move(value), true});
+        auto const known = keys_.findOrAdd(key);
+        if (known)
+            replace(*known, std::move(value), place);
+        else
+            start(std::move(value), place);
     }
 
-    /// Has this very place an entry of its own?
-    bool isSetAt(Key key, std::size_t place) const {
-        auto const known = keys_.find(key);
-        if (!known)
-            return false;
+    /// The same, unless this very place has an entry of its own for the key.
+    void setFirst(Key key, Value value, std::size_t place) {
+        auto const known = keys_.findOrAdd(key);
+        if (!known) {
+            start(std::move(value), place);
+            return;
+        }
         auto const& last = changes_[*known].last();
-        return last.place == place && last.is_own;
+        if (last.place != place || !last.is_own)
+            replace(*known, std::move(value), place);
     }
 
     /// To be asked when a place is entered, for `leave`.
@@ -113,6 +120,17 @@ class ScopedTable {
 
         Change const& last() const { return further.empty() ? first : further.back(); }
     };
+
+    void start(Value&& value, std::size_t place) {
+        undo_.emplace_back(changes_.size(), Value());
+        changes_.push_back({{place, std::move(value), true}, {}});
+    }
+
+    void replace(std::size_t number, Value&& value, std::size_t place) {
+        auto& changes = changes_[number];
+        undo_.emplace_back(number, changes.last().value);
+        put(changes, {place, std::move(value), true});
+    }
 
     static void put(Changes& changes, Change change) {
         if (changes.last().place == change.place)

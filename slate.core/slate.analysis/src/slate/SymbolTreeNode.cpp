@@ -297,11 +297,12 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
 /// and was reported.
 bool SymbolTreeNode::assign(TopoPathPtr const& path) {
     auto const tree = lockTree();
+    if (max_path_)
+        return false;
     auto const value = path->getLastStepExpression();
-    auto const type = value->getType();
     auto const declared = declaration_ ? declaration_->getOwnType() : nullptr;
-    bool const is_of_wrong_type = type && declared && value->isValid() && !tree->isAssignable(type, declared);
-    if (is_of_wrong_type || max_path_)
+    auto const type = declared && value->isValid() ? value->getType() : nullptr;
+    if (type && !tree->isAssignable(type, declared))
         return false;
     max_path_ = path;
     return true;

@@ -94,8 +94,8 @@ vec<AnnotationPtr> SymbolTreeNode::Unfolding::annotationsOf(Node& node) {
 }
 
 SymbolTreeNode::Body SymbolTreeNode::Unfolding::bodyOf(NodePtr const& node) {
-    if (auto const attribute = node->asVarAssignment()) {
-        Attributes const members(attribute, &attribute->getMembers());
+    if (auto const* const attribute = attributeIn(node.get())) {
+        Attributes const members(node, &attribute->getMembers());
         return {members, members};
     }
     auto& known = bodies_[node.get()];
@@ -108,9 +108,9 @@ SymbolTreeNode::Body SymbolTreeNode::Unfolding::bodyOf(NodePtr const& node) {
     auto const& members = trait ? trait->getMembers() : model->getMembers();
     all->reserve(members.size());
     for (auto const& member : members) {
-        auto attribute = member->asVarAssignment();
-        if (!attribute)
+        if (!member->isVarAssignment())
             continue;
+        auto attribute = std::static_pointer_cast<VarAssignment>(member);
         if (Analysis::ownModelType(attribute) || !attribute->getMembers().empty())
             with_more->push_back(attribute);
         all->push_back(std::move(attribute));

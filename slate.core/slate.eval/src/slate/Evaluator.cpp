@@ -6,6 +6,7 @@
 #include "slate/ModelDeclaration.h"
 #include "slate/VarAssignment.h"
 
+#include <span>
 #include <typeinfo>
 
 namespace Slate::Core {
@@ -42,6 +43,14 @@ Chain const* withoutTypeSteps(Chain const* chain) {
     return member == nullptr && chain != nullptr ? chain->getFirst() : member;
 }
 
+bool isVariableWithoutValue(PathStep const& first) {
+    if (!first.isMember())
+        return false;
+    auto const node = first.getNode();
+    auto const* const variable = attributeIn(node.get());
+    return variable != nullptr && !variable->getValue();
+}
+
 bool isPlain(Object const& object) { return typeid(object) == typeid(Object); }
 
 } // namespace
@@ -67,7 +76,7 @@ ObjectPtr Evaluator::evalModel(ModelDeclPtr const& model) {
         expression_evaluator_->setDocument(std::move(document));
     auto root = expression_evaluator_->getOrCreateInstance(model, nullptr);
     root->setName(model->getName());
-    for (auto const& path : paths ? *paths : vec<TopoPathPtr>()) {
+    for (auto const& path : paths ? std::span(*paths) : std::span<TopoPathPtr const>()) {
         if (!path->isValid() || path->getLastStep() == nullptr)
             continue;
         auto const outcome = evaluatePath(root, path);
@@ -82,14 +91,12 @@ ObjectPtr Evaluator::evalModel(ModelDeclPtr const& model) {
 }
 
 Evaluator::Outcome Evaluator::evaluatePath(ObjectPtr const& root, TopoPathPtr const& path) {
-    auto const first = path->getChain()->getFirst()->getStep().getNode();
-    auto const variable = first ? first->asVarAssignment() : nullptr;
-    if (variable && !variable->getValue())
+    if (isVariableWithoutValue(path->getChain()->getFirst()->getStep()))
         return Outcome::Done;
     auto const& step = *path->getLastStep();
     auto const node = step.getNode();
-    if (auto const annotation = node ? node->asAnnotation() : nullptr)
-        return annotate(root, path, annotation);
+    if (node && node->isAnnotation())
+        return annotate(root, path, node->asAnnotation());
 
     auto const* const outer = withoutTypeSteps(path->getOuterLink());
     auto const* const holder = withoutTypeSteps(path->getChain()->getPrevious().get());

@@ -16,8 +16,8 @@ namespace {
 std::optional<std::string> nameOf(Node& member) {
     if (auto const method = member.asMethodDeclaration())
         return method->getName();
-    auto const attribute = member.asVarAssignment();
-    if (attribute && attribute->getSegments().size() == 1)
+    auto const* const attribute = attributeIn(&member);
+    if (attribute != nullptr && attribute->getSegments().size() == 1)
         return attribute->getSegments().front().lexeme;
     return std::nullopt;
 }
@@ -158,8 +158,9 @@ bool ModelDeclaration::isExtendedSymbol(std::string_view symbol_path) const {
 
 VarAssignPtr ModelDeclaration::findNewAttribute(std::string_view symbol_path) const {
     auto const* const entry = new_symbols_.find(symbol_path);
-    auto const symbol = entry == nullptr ? nullptr : entry->lock();
-    return symbol ? symbol->asVarAssignment() : nullptr;
+    auto symbol = entry == nullptr ? nullptr : entry->lock();
+    return attributeIn(symbol.get()) == nullptr ? nullptr
+                                                : std::static_pointer_cast<VarAssignment>(std::move(symbol));
 }
 
 VarAssignPtr ModelDeclaration::lookupDeclaration(std::string_view symbol_path) const {

@@ -19,13 +19,25 @@ class NameIndex {
   public:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
+    using Hash = std::uint32_t;
+
+    /// For those who look a name up and add it then: it takes most of the time of both.
+    static Hash hashOf(std::string_view name) {
+        auto const hash = Fnv1a()(name);
+        return static_cast<Hash>(hash ^ (hash >> 32U));
+    }
+
     /// The position of the name, or `none`. `is_name_of(position)` tells whether it is the one at that
     /// position.
     template <typename IsNameOf>
     std::size_t find(std::string_view name, IsNameOf is_name_of) const {
+        return slots_.empty() ? none : find(hashOf(name), is_name_of);
+    }
+
+    template <typename IsNameOf>
+    std::size_t find(Hash hash, IsNameOf is_name_of) const {
         if (slots_.empty())
             return none;
-        auto const hash = hashOf(name);
         for (auto i = hash & mask(); slots_[i].next_position != 0; i = (i + 1) & mask()) {
             std::size_t const position = slots_[i].next_position - 1;
             if (slots_[i].hash == hash && is_name_of(position))
@@ -35,11 +47,13 @@ class NameIndex {
     }
 
     /// The name must be new, and its position the highest so far.
-    void add(std::string_view name, std::size_t position) {
+    void add(std::string_view name, std::size_t position) { add(hashOf(name), position); }
+
+    void add(Hash hash, std::size_t position) {
         // There are no more names than positions.
         if (4 * (position + 1) > 3 * slots_.size())
             grow(position);
-        place({hashOf(name), static_cast<std::uint32_t>(position + 1)});
+        place({hash, static_cast<std::uint32_t>(position + 1)});
     }
 
     bool empty() const { return slots_.empty(); }
@@ -48,14 +62,9 @@ class NameIndex {
 
   private:
     struct Slot {
-        std::uint32_t hash = 0;
+        Hash hash = 0;
         std::uint32_t next_position = 0; // 0 in a free slot
     };
-
-    static std::uint32_t hashOf(std::string_view name) {
-        auto const hash = Fnv1a()(name);
-        return static_cast<std::uint32_t>(hash ^ (hash >> 32U));
-    }
 
     std::size_t mask() const { return slots_.size() - 1; }
 

@@ -56,8 +56,17 @@ class NamedList {
 
     /// The value of the name; a new one if there is none.
     Value& findOrAdd(std::string_view name) {
-        auto* const known = find(name);
-        return known == nullptr ? add(Name(name), Value()) : *known;
+        if (positions_.empty()) {
+            auto* const known = find(name);
+            return known == nullptr ? add(Name(name), Value()) : *known;
+        }
+        auto const hash = NameIndex::hashOf(name);
+        auto const position = positions_.find(hash, [&](std::size_t i) { return entries_[i].first == name; });
+        if (position != NameIndex::none)
+            return entries_[position].second;
+        entries_.emplace_back(Name(name), Value());
+        positions_.add(hash, entries_.size() - 1);
+        return entries_.back().second;
     }
 
     std::vector<Entry> const& entries() const { return entries_; }
@@ -89,13 +98,19 @@ class NameSet {
 
     /// Answers whether the name is new.
     bool add(std::string_view name) {
-        if (contains(name))
+        if (positions_.empty()) {
+            if (contains(name))
+                return false;
+            names_.emplace_back(name);
+            for (std::size_t i = 0; names_.size() > few && i < names_.size(); ++i)
+                positions_.add(names_[i], i);
+            return true;
+        }
+        auto const hash = NameIndex::hashOf(name);
+        if (positions_.find(hash, [&](std::size_t i) { return names_[i] == name; }) != NameIndex::none)
             return false;
         names_.emplace_back(name);
-        if (names_.size() > few) {
-            for (auto i = positions_.empty() ? 0 : names_.size() - 1; i < names_.size(); ++i)
-                positions_.add(names_[i], i);
-        }
+        positions_.add(hash, names_.size() - 1);
         return true;
     }
 

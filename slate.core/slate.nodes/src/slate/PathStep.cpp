@@ -8,20 +8,11 @@
 
 namespace Slate {
 
-namespace {
-
-/// Null if the node is none, or something else. Sorting and evaluation ask each step for its attribute.
-VarAssignment const* attributeIn(NodePtr const& node) {
-    return node && node->isVarAssignment() ? static_cast<VarAssignment const*>(node.get()) : nullptr;
-}
-
-} // namespace
-
-PathStep::PathStep(NodePtr const& node, std::string name, std::size_t index)
+PathStep::PathStep(NodePtr const& node, std::string const& name, std::size_t index)
     : node_(node),
       is_member_(!node->isModelDeclaration() && !node->isTraitImpl()),
       index_(static_cast<std::uint32_t>(index)),
-      name_(std::move(name)) {}
+      name_(name) {}
 
 Token PathStep::getToken() const {
     auto const node = getNode();
@@ -31,7 +22,8 @@ Token PathStep::getToken() const {
         return model->getNameToken();
     if (auto const annotation = node->asAnnotation())
         return annotation->getNameToken();
-    if (auto const attribute = node->asVarAssignment(); attribute && index_ < attribute->getSegments().size())
+    auto const* const attribute = attributeIn(node.get());
+    if (attribute != nullptr && index_ < attribute->getSegments().size())
         return attribute->getSegments()[index_];
     auto const trait = node->asTraitImpl();
     auto const target = trait ? trait->getTraitDeclaration() : nullptr;
@@ -42,7 +34,7 @@ DocPtr PathStep::getDocument() const {
     auto const node = getNode();
     if (!node)
         return {};
-    if (auto const* const attribute = attributeIn(node))
+    if (auto const* const attribute = attributeIn(node.get()))
         return attribute->getOwningDocument();
     if (auto const annotation = node->asAnnotation())
         return annotation->getOwningDocument();
@@ -60,7 +52,7 @@ TypePtr PathStep::getType() const {
     auto const node = getNode();
     if (!node)
         return {};
-    if (auto const* const attribute = attributeIn(node))
+    if (auto const* const attribute = attributeIn(node.get()))
         return attribute->getTypeOfSegment(index_);
     if (auto const trait = node->asTraitImpl())
         return trait->getTraitDeclaration();
@@ -71,7 +63,7 @@ TypePtr PathStep::getType() const {
 
 ExpressionPtr PathStep::getExpression() const {
     auto const node = getNode();
-    auto const* const attribute = attributeIn(node);
+    auto const* const attribute = attributeIn(node.get());
     return attribute == nullptr ? nullptr : attribute->getValue();
 }
 

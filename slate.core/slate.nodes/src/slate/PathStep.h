@@ -18,7 +18,7 @@ namespace Slate {
 class PathStep {
   public:
     /// `index` is the place of the segment in the target path of an attribute, 1 for an annotation.
-    PathStep(NodePtr const& node, std::string name, std::size_t index);
+    PathStep(NodePtr const& node, std::string const& name, std::size_t index);
 
     NodePtr getNode() const { return node_.lock(); }
 

@@ -19,19 +19,17 @@ using ChainPtr = TopologicalPath::ChainPtr;
 /// Up to this many edges are compared one by one.
 constexpr std::size_t few_edges = 8;
 
-ChainPtr addStep(ChainPtr chain, PathStep&& step, ObjectPool* pool = nullptr) {
-    return ObjectPool::makeIn<Chain const>(pool, std::move(chain), std::move(step));
-}
-
 ChainPtr addNode(ChainPtr chain, NodePtr const& node, ObjectPool* pool) {
-    if (auto const attribute = node->asVarAssignment()) {
-        for (std::size_t i = 0; i < attribute->getSegments().size(); ++i)
-            chain = addStep(std::move(chain), {node, attribute->getSegments()[i].lexeme, i}, pool);
+    if (auto const* const attribute = attributeIn(node.get())) {
+        auto const& segments = attribute->getSegments();
+        for (std::size_t i = 0; i < segments.size(); ++i)
+            chain = ObjectPool::makeIn<Chain const>(pool, std::move(chain), node, segments[i].lexeme, i);
         return chain;
     }
     auto const annotation = node->asAnnotation();
-    return addStep(std::move(chain), {node, annotation ? annotation->getName() : "", annotation ? 1U : 0U},
-                   pool);
+    return ObjectPool::makeIn<Chain const>(pool, std::move(chain), node,
+                                           annotation ? annotation->getName() : std::string(),
+                                           std::size_t{annotation ? 1U : 0U});
 }
 
 /// The chain up to its step of that number, counted from 1.
@@ -66,15 +64,15 @@ std::size_t countCommonSteps(Chain const* a, Chain const* b) {
 
 } // namespace
 
-TopologicalPath::Chain::Chain(ChainPtr previous, PathStep&& step)
-    : step_(std::move(step)),
-      previous_(std::move(previous)),
-      last_other_(!previous_         ? nullptr
-                  : step_.isMember() ? previous_->getLastType()
-                                     : previous_->getLastMember()),
-      first_(previous_ ? previous_->first_ : this),
-      step_count_((previous_ ? previous_->step_count_ : 0) + 1),
-      member_count_((previous_ ? previous_->member_count_ : 0) + (step_.isMember() ? 1 : 0)) {}
+void TopologicalPath::Chain::link() {
+    member_count_ = step_.isMember() ? 1 : 0;
+    if (!previous_)
+        return;
+    last_other_ = step_.isMember() ? previous_->getLastType() : previous_->getLastMember();
+    first_ = previous_->first_;
+    step_count_ += previous_->step_count_;
+    member_count_ += previous_->member_count_;
+}
 
 TopologicalPath::Chain::~Chain() {
     auto link = std::move(previous_);
@@ -191,8 +189,8 @@ ExpressionPtr TopologicalPath::getLastStepExpression() const {
 
 bool TopologicalPath::isLastStepDeclaration() const {
     auto const node = chain_ ? chain_->getStep().getNode() : nullptr;
-    auto const attribute = node ? node->asVarAssignment() : nullptr;
-    return attribute && attribute->isDeclaration();
+    auto const* const attribute = attributeIn(node.get());
+    return attribute != nullptr && attribute->isDeclaration();
 }
 
 std::vector<TopoPathPtr> TopologicalPath::getEdges() const {
@@ -240,7 +238,7 @@ void TopologicalPath::setOuterTypes(std::vector<TypePtr> const& types) {
         auto step = link->getStep();
         if (step.isMember())
             step.setOuterType(*type++);
-        typed = addStep(std::move(typed), std::move(step));
+        typed = std::make_shared<Chain const>(std::move(typed), std::move(step));
     }
     chain_ = std::move(typed);
 }

@@ -145,8 +145,12 @@ class TopologicalPath {
 
 class TopologicalPath::Chain {
   public:
-    /// `previous` is empty for the first step.
-    Chain(ChainPtr previous, PathStep&& step);
+    /// `previous` is empty for the first step; what follows makes the step.
+    template <typename... Arguments>
+    explicit Chain(ChainPtr previous, Arguments&&... arguments)
+        : step_(std::forward<Arguments>(arguments)...), previous_(std::move(previous)) {
+        link();
+    }
 
     /// Link by link, as far as nobody else holds one: a chain may have any length.
     ~Chain();
@@ -176,12 +180,15 @@ class TopologicalPath::Chain {
   private:
     Chain const* selfUnlessFirst() const { return step_count_ > 1 ? this : nullptr; }
 
+    /// Finds what is known from the link before this one.
+    void link();
+
     PathStep const step_;
     ChainPtr previous_;
     // Links of this chain, or this one.
-    Chain const* last_other_; // of the other kind of steps
-    Chain const* first_;
-    std::uint32_t step_count_;
+    Chain const* last_other_ = nullptr; // of the other kind of steps
+    Chain const* first_ = this;
+    std::uint32_t step_count_ = 1;
     std::uint32_t member_count_;
 };
 

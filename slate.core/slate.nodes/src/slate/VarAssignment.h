@@ -153,4 +153,10 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     OperatorToken const operator_token_;
 };
 
+/// The attribute that a node is, else null; for those who look at it and do not keep it. `asVarAssignment`
+/// makes another owner, which takes an atomic operation.
+inline VarAssignment* attributeIn(Node* node) {
+    return node != nullptr && node->isVarAssignment() ? static_cast<VarAssignment*>(node) : nullptr;
+}
+
 } // namespace Slate

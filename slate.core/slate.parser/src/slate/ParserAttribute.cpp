@@ -78,7 +78,8 @@ bool ParserImpl::parseAttributeType(Token& operator_token, TokenVector& type_seg
 /// What stands behind the colon of the attribute that begins at `start`: a body on later lines, which goes
 /// into `body`, or a value on this line.
 ExpressionPtr ParserImpl::parseAttributeValue(AttributeBody& body, Position start) {
-    auto const colon_token = consume();
+    advance();
+    auto const behind_colon = previous().end();
     if (peekLine() == start.line)
         return parseValue(start.line, start.column);
 
@@ -86,7 +87,7 @@ ExpressionPtr ParserImpl::parseAttributeValue(AttributeBody& body, Position star
     if (can_begin_body && peekColumn() > start.column) {
         parseAttributeBody(body, start.column);
     } else {
-        addError(ErrMissingValue, {colon_token.line, colon_token.column + 2});
+        addError(ErrMissingValue, {behind_colon.line, behind_colon.column + 1});
         synchronize(start.column);
     }
     return {};
@@ -131,11 +132,10 @@ ParserImpl::Path ParserImpl::parseSegments(line_t line) {
     Path path;
     while (check(TokenType::Identifier, line)) {
         path.segments.push_back(consume());
-        if (!check(TokenType::Dot, line))
+        if (!match(TokenType::Dot, line))
             continue;
-        auto const dot_token = consume();
         if (!check(TokenType::Identifier, line)) {
-            addError(ErrExpectedIdentifier, {dot_token.line, dot_token.column + 1});
+            addError(ErrExpectedIdentifier, previous().end());
             path.has_fault = true;
         }
     }
