@@ -164,6 +164,10 @@ void SymbolTreeNode::grow_max_paths(TopoPathPtr const& path, ModelDeclPtr const&
 }
 
 void SymbolTreeNode::growAsRoot(NodePtr const& node) {
+    // Of other roots there may be many.
+    auto const model = node->asModelDeclaration();
+    if (model && !model->isConst())
+        makeBelow().children.reserve(model->countMembers());
     UnfoldedModels visited;
     Bodies bodies;
     for (auto const phase : {Unfolding::Phase::Branches, Unfolding::Phase::MaxPaths}) {

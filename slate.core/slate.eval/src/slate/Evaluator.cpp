@@ -76,6 +76,7 @@ ObjectPtr Evaluator::evalModel(ModelDeclPtr const& model) {
         expression_evaluator_->setDocument(std::move(document));
     auto root = expression_evaluator_->getOrCreateInstance(model, nullptr);
     root->setName(model->getName());
+    root->reserveAttributes(model->countMembers());
     for (auto const& path : paths ? std::span(*paths) : std::span<TopoPathPtr const>()) {
         if (!path->isValid() || path->getLastStep() == nullptr)
             continue;

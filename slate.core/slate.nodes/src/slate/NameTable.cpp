@@ -10,6 +10,17 @@ namespace {
 
 std::string_view lastSegmentOf(std::string_view name) { return name.substr(name.rfind('.') + 1); }
 
+/// What most names that are not in a table differ in from those that are, and at once: the first byte and the
+/// last, six bits of each.
+std::size_t endsOf(std::string_view segment) {
+    constexpr unsigned mask = 0x3F;
+    if (segment.empty())
+        return 0;
+    auto const first = static_cast<unsigned char>(segment.front()) & mask;
+    auto const last = static_cast<unsigned char>(segment.back()) & mask;
+    return first << 6U | last;
+}
+
 } // namespace
 
 void NameTable::add(std::vector<std::string> const& ns, std::string const& name, NodePtr const& node) {
@@ -26,7 +37,9 @@ void NameTable::add(std::vector<std::string> const& ns, std::string const& name,
 void NameTable::addEntry(std::string const& full_name, Entry added) {
     auto const dots = static_cast<std::size_t>(std::ranges::count(full_name, '.'));
     dots_of_longest_name_ = std::max(dots_of_longest_name_, dots);
-    last_segments_.add(lastSegmentOf(full_name));
+    auto const last_segment = lastSegmentOf(full_name);
+    last_segments_.add(last_segment);
+    ends_of_last_segments_.set(endsOf(last_segment));
     auto& entries = entries_by_full_name_.findOrAdd(full_name);
     auto const known = std::ranges::find_if(entries, [&added](Entry const& entry) {
         return entry.namespace_index == added.namespace_index &&
@@ -100,7 +113,8 @@ std::size_t NameTable::indexOf(std::vector<std::string> const& ns) {
 NameTable::Match NameTable::match(std::vector<std::string> const& viewer, std::string_view key) const {
     Match best;
     // Most names that are asked for are none of these: what no name ends in is not looked for further.
-    if (!last_segments_.contains(lastSegmentOf(key)))
+    auto const last_segment = lastSegmentOf(key);
+    if (!ends_of_last_segments_.test(endsOf(last_segment)) || !last_segments_.contains(last_segment))
         return best;
     matchName(best, viewer, key, key, 0);
     std::string full_name;

@@ -3,6 +3,7 @@
 #include "slate/NamedList.h"
 #include "slate/NodeTypes.h"
 
+#include <bitset>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -72,6 +73,7 @@ class NameTable {
     NamedList<std::vector<std::size_t>> namespaces_by_text_; // more than one if a segment holds a dot
     NamedList<std::vector<Entry>> entries_by_full_name_;
     NameSet last_segments_; // what the full names end in
+    std::bitset<4096> ends_of_last_segments_;
     std::size_t next_place_ = 0;
     std::size_t dots_of_longest_name_ = 0;
 };
