@@ -10,6 +10,7 @@
 #include "slate/MethodDeclaration.h"
 #include "slate/NamePath.h"
 #include "slate/Unary.h"
+#include "slate/VarAssignment.h"
 
 #include <utility>
 
@@ -61,13 +62,14 @@ std::vector<SymbolTreeNode const*> branchesAlong(SymbolTreeNode const* branch, v
 FindEdgesVisitor::FindEdgesVisitor(std::shared_ptr<SymbolTree> tree) : tree_(std::move(tree)) {}
 
 void FindEdgesVisitor::findEdges(TopoPathPtr const& path, SymbolTreeNode const* outer_branch) {
-    auto const value = path->getLastStepExpression();
-    if (!value)
+    auto const node = path->getLastStep()->getNode();
+    auto const* const attribute = attributeIn(node.get());
+    if (attribute == nullptr || !attribute->getValue())
         return;
     current_path_ = path;
-    current_document_ = path->getLastStep()->getDocument();
+    current_document_ = attribute->getOwningDocument();
     outer_branch_ = outer_branch;
-    walk(value);
+    walk(attribute->getValue());
 }
 
 void FindEdgesVisitor::walk(ExpressionPtr const& expression) {

@@ -290,7 +290,7 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
         } else if (std::exchange(reached->assigned_by_, body) == body) {
             surroundings_->error_reporter->reportError(SymbolAlreadyAssigned::create(
                 member->getSegments().back(), path->getLastStep()->getSourceId()));
-        } else if (!is_overridden && reached->assign(extend(path, member))) {
+        } else if (!is_overridden && reached->assign(extend(path, member), *member->getValue())) {
             reached->max_path_by_ = body;
         }
     }
@@ -299,13 +299,12 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
 
 /// The first assignment that reaches a branch wins. Answers whether it does: a value of a wrong type is none,
 /// and was reported.
-bool SymbolTreeNode::assign(TopoPathPtr const& path) {
+bool SymbolTreeNode::assign(TopoPathPtr const& path, Expression const& value) {
     auto const tree = lockTree();
     if (max_path_)
         return false;
-    auto const value = path->getLastStepExpression();
     auto const declared = declaration_ ? declaration_->getOwnType() : nullptr;
-    auto const type = declared && value->isValid() ? value->getType() : nullptr;
+    auto const type = declared && value.isValid() ? value.getType() : nullptr;
     if (type && !tree->isAssignable(type, declared))
         return false;
     max_path_ = path;

@@ -166,7 +166,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     SymbolTreeNode* child(std::string_view name) const;
     SymbolTreeNode& growTo(VarAssignPtr const& member, bool declares);
     void addAnnotation(AnnotationPtr const& annotation, TopoPathPtr const& path);
-    bool assign(TopoPathPtr const& path);
+    bool assign(TopoPathPtr const& path, Expression const& value);
 
     std::shared_ptr<SymbolTree> lockTree() const { return std::shared_ptr<SymbolTree>(surroundings_->tree); }
 

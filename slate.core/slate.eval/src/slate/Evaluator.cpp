@@ -111,17 +111,18 @@ Evaluator::Outcome Evaluator::evaluatePath(ObjectPtr const& root, TopoPathPtr co
         getOrCreateTargetInstance(root, current ? path : path->getOuterPath(), current ? 1 : 0);
         return Outcome::Unresolved;
     }
+    auto const* const attribute = attributeIn(node.get());
     expression_evaluator_->setCurrentObject(current);
-    if (auto document = step.getDocument())
+    if (auto document = attribute == nullptr ? step.getDocument() : attribute->getOwningDocument())
         expression_evaluator_->setDocument(std::move(document));
-    auto value = valueOf(step, target);
+    auto value = valueOf(step, attribute, target);
     if (auto const count = expression_evaluator_->countReplacements(); count != replacements_seen_) {
         replacements_seen_ = count;
         dropInstances();
     }
     if (value.isUndefined())
         return Outcome::NoValue;
-    assign(*path, target, std::move(value));
+    assign(step.getName(), target, std::move(value), attribute != nullptr && attribute->isDeclaration());
     return Outcome::Done;
 }
 
@@ -137,16 +138,15 @@ Evaluator::Outcome Evaluator::annotate(ObjectPtr const& root, TopoPathPtr const&
     return Outcome::Done;
 }
 
-Any Evaluator::valueOf(PathStep const& step, ObjectPtr const& target) {
+Any Evaluator::valueOf(PathStep const& step, VarAssignment const* attribute, ObjectPtr const& target) {
     auto const type = typeOf(step);
-    if (auto const expression = step.getExpression())
-        return expression_evaluator_->evaluate(expression, type);
+    if (attribute != nullptr && attribute->getValue())
+        return expression_evaluator_->evaluate(attribute->getValue(), type);
     auto const model = type ? type->asModelDeclaration() : nullptr;
     return model ? Any(expression_evaluator_->getOrCreateInstance(model, target)) : Any();
 }
 
-void Evaluator::assign(TopologicalPath const& path, ObjectPtr const& target, Any value) {
-    auto const& key = path.getLastStep()->getName();
+void Evaluator::assign(std::string const& key, ObjectPtr const& target, Any value, bool is_default) {
     auto const object = value.isObject() ? value.asObject() : nullptr;
     auto const type = object ? object->getType() : nullptr;
     // The instances of const models belong to nobody.
@@ -157,13 +157,13 @@ void Evaluator::assign(TopologicalPath const& path, ObjectPtr const& target, Any
             object->setOwner(target);
     }
     if (isPlain(*target)) {
-        if (target->assign(key, std::move(value), path.isLastStepDeclaration()))
+        if (target->assign(key, std::move(value), is_default))
             dropInstances();
         return;
     }
     dropInstances();
     target->setDynamic(key, std::move(value));
-    if (path.isLastStepDeclaration())
+    if (is_default)
         target->setIsDefault(key);
 }
 
