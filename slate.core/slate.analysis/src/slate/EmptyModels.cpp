@@ -12,8 +12,13 @@ bool EmptyModels::isEmptyModel(TypePtr const& type) {
 }
 
 bool EmptyModels::isEmpty(ModelDeclPtr const& model) {
-    if (!is_empty_.contains(model.get()))
-        explore(*model);
+    if (auto const* const known = is_empty_.find(model.get()))
+        return *known;
+    // Most models have something in themselves, whatever they lead to.
+    vec<ModelDeclaration const*> next;
+    if (!model->isEmptyInItself(next))
+        return is_empty_[model.get()] = false;
+    explore(*model);
     return is_empty_[model.get()];
 }
 
