@@ -143,6 +143,23 @@ TEST_F(Growth, PassesInvalidMembersAndTraitsOver) {
     EXPECT_THAT(log.texts(), IsEmpty());
 }
 
+TEST_F(Growth, GivesNamesThatOutliveTheSources) {
+    growBranches();
+    auto const variables = analyze("=== no model\nspeed is Real: 3\n");
+    auto const speed = variables.documents.front()->getMembers().front();
+    node->findChild("whole")->grow_paths(TopologicalPath::create(speed), {}, visited);
+    EXPECT_EQ(node->findChild("whole")->getDeclaration(), speed) << "and no more what the name is from";
+
+    analyzed = {};
+    machine.reset();
+    part.reset();
+    path.reset();
+    for (auto const* name : {"part", "whole", "again", "name", "base"})
+        EXPECT_TRUE(node->findChild(name)) << name;
+    EXPECT_TRUE(node->findChild("part")->findChild("size")) << "from a body";
+    EXPECT_TRUE(node->findChild("part")->findChild("depth")) << "from an assignment";
+}
+
 TEST_F(Growth, OfAModelThatIsBeingUnfoldedIsReportedForBranchesAndSilentForMaxPaths) {
     visited.enter(*machine, path);
     auto const inner = TopologicalPath::extend(path, machine->findFirstMember("part"));

@@ -31,7 +31,8 @@ inline std::string linesOf(std::vector<TopoPathPtr> const& paths) {
 inline std::string branchesOf(SymbolTreeNode const& node, std::string const& indent = "") {
     std::string text;
     for (auto const& [name, child] : node.getChildren().entries()) {
-        text += indent + name;
+        text += indent;
+        text += name;
         if (auto const& declaration = child->getDeclaration()) {
             auto const place = declaration->getSegments().back().position();
             text += "@" + std::to_string(place.line) + ":" + std::to_string(place.column);

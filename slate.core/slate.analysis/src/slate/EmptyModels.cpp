@@ -16,9 +16,10 @@ bool EmptyModels::isEmpty(ModelDeclPtr const& model) {
         return *known;
     // Most models have something in themselves, whatever they lead to.
     vec<ModelDeclaration const*> next;
-    if (!model->isEmptyInItself(next))
-        return is_empty_[model.get()] = false;
-    explore(*model);
+    if (model->isEmptyInItself(next))
+        explore(*model);
+    else
+        is_empty_[model.get()] = false;
     return is_empty_[model.get()];
 }
 

@@ -198,6 +198,8 @@ void SymbolTreeNode::grow_paths(Unfolding& unfolding, GrowTask const& task) {
     auto const node = task.path->getLastStep()->getNode();
     auto const variable = node->asVarAssignment();
     if (variable && task.path->countSteps() == 1) {
+        if (declaration_)
+            surroundings_->replaced_declarations.push_front(std::move(declaration_));
         declaration_ = variable;
         return;
     }

@@ -74,8 +74,9 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
         std::weak_ptr<SymbolTree> tree;
         ObjectPool pool; // for branches and paths
 
-        /// Of branches that grew from what is no declaration of their own.
+        // What keeps the names of branches that their declarations do not.
         std::forward_list<std::string> names;
+        std::forward_list<VarAssignPtr> replaced_declarations;
     };
 
     SymbolTreeNode(CreateKey, std::shared_ptr<Surroundings> surroundings)
