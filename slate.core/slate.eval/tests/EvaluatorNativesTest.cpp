@@ -31,6 +31,11 @@ Any note(std::vector<Any> arguments) {
 
 Any answerNothing(std::vector<Any> /*arguments*/) { return {}; }
 
+Any forgetOrder(std::vector<Any> arguments) {
+    arguments.front().asObject()->getType()->setTopologicalSort({});
+    return Any(std::int64_t{1});
+}
+
 Any answerNewObject(std::vector<Any> /*arguments*/) { return Any(std::make_shared<Object>()); }
 
 Any noteBinary(Any lhs, Any rhs) {
@@ -422,6 +427,22 @@ TEST_F(EvaluatorNatives, FailureInAVariableIsReportedForEachUseInItsOwnSource) {
             a is Int: lib.seed
     )");
     EXPECT_EQ(done.analyzed.errors(), "lib/tool.slate: 30006 3:14\nlib/tool.slate: 30006 3:14\n");
+}
+
+TEST_F(EvaluatorNatives, ANewOrderIsThatOfTheNextEvaluation) {
+    natives->registerStaticMethod("Tool::forget", forgetOrder);
+    auto const done = run(R"(
+        Tool:
+            static fn forget(machine: Machine) -> Int
+        Machine:
+            a is Int: Tool.forget(this)
+            b is Int: a + 1
+            c is Int: b + 1
+    )");
+    EXPECT_EQ(done.analyzed.errors(), "");
+    ASSERT_TRUE(done.root);
+    EXPECT_EQ(done.root->getNumber("c"), 3.0);
+    EXPECT_TRUE(done.root->getType()->getTopologicalSort().empty());
 }
 
 } // namespace

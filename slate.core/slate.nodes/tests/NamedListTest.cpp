@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace Slate {
 
@@ -18,7 +20,7 @@ std::string nameOf(std::size_t i) { return "name" + std::to_string(i); }
 } // namespace
 
 TEST(NamedList, FindsEachNameWhateverTheLength) {
-    for (std::size_t const length : {0U, 1U, 8U, 9U, 12U, 13U, 1000U}) {
+    for (std::size_t const length : {0U, 1U, 15U, 16U, 17U, 18U, 1000U}) {
         NamedList<std::size_t> list;
         for (std::size_t i = 0; i < length; ++i)
             list.add(nameOf(i), i);
@@ -30,6 +32,29 @@ TEST(NamedList, FindsEachNameWhateverTheLength) {
         EXPECT_EQ(list.find(nameOf(length)), nullptr);
         EXPECT_FALSE(list.contains(""));
     }
+}
+
+TEST(NamedList, FindOrAddAddsEachNameOnceWhateverTheLength) {
+    for (std::size_t const length : {1U, 16U, 17U, 18U, 500U}) {
+        NamedList<std::size_t> list;
+        for (std::size_t i = 0; i < length; ++i)
+            list.findOrAdd(nameOf(i)) = i;
+        for (std::size_t i = 0; i < length; ++i)
+            EXPECT_EQ(list.findOrAdd(nameOf(i)), i) << " of " << length;
+        EXPECT_EQ(list.entries().size(), length);
+    }
+}
+
+TEST(NamedList, TellsNamesApartThatDifferAnywhere) {
+    std::vector<std::string> const names{
+        "", "a", "b", "aa", "ba", "ab", "bbb", "bab", std::string("a\0b", 3)};
+    NamedList<std::size_t, std::string_view> list; // of the names above
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        EXPECT_FALSE(list.contains(names[i])) << names[i];
+        list.add(names[i], i);
+    }
+    for (std::size_t i = 0; i < names.size(); ++i)
+        EXPECT_EQ(list.positionOf(names[i]), i) << names[i];
 }
 
 TEST(NamedList, KeepsTheOrderInWhichNamesWereAdded) {
@@ -67,7 +92,7 @@ TEST(NamedList, TellsNamesApartWhoseHashesCollide) {
 }
 
 TEST(NameSet, TakesEachNameOnceWhateverTheLength) {
-    for (std::size_t const length : {1U, 8U, 9U, 500U}) {
+    for (std::size_t const length : {1U, 15U, 16U, 17U, 500U}) {
         NameSet names;
         for (std::size_t i = 0; i < length; ++i)
             EXPECT_TRUE(names.add(nameOf(i)));
