@@ -140,8 +140,9 @@ Evaluator::Outcome Evaluator::annotate(ObjectPtr const& root, TopoPathPtr const&
 
 Any Evaluator::valueOf(PathStep const& step, VarAssignment const* attribute, ObjectPtr const& target) {
     auto const type = typeOf(step);
-    if (attribute != nullptr && attribute->getValue())
-        return expression_evaluator_->evaluate(attribute->getValue(), type);
+    // Natives may take the value away meanwhile.
+    if (auto const expression = attribute == nullptr ? nullptr : attribute->getValue())
+        return expression_evaluator_->evaluate(expression, type);
     auto const model = type ? type->asModelDeclaration() : nullptr;
     return model ? Any(expression_evaluator_->getOrCreateInstance(model, target)) : Any();
 }

@@ -31,7 +31,7 @@ OperatorToken::OperatorToken(Token&& token)
     bool const says_all = type() == token.type && column() == token.column && line() == token.line &&
                           textOf(token.type) == token.lexeme;
     if (!says_all)
-        word_ = reinterpret_cast<std::uintptr_t>(std::make_unique<Token const>(std::move(token)).release());
+        word_ = std::bit_cast<std::uintptr_t>(std::make_unique<Token const>(std::move(token)).release());
 }
 
 OperatorToken::~OperatorToken() {

@@ -2,6 +2,7 @@
 
 #include "slate/Token.h"
 
+#include <bit>
 #include <cstdint>
 
 namespace Slate {
@@ -38,7 +39,7 @@ class OperatorToken {
 
     col_t column() const { return word_ >> column_place & column_mask; }
 
-    Token const* given() const { return reinterpret_cast<Token const*>(static_cast<std::uintptr_t>(word_)); }
+    Token const* given() const { return std::bit_cast<Token const*>(static_cast<std::uintptr_t>(word_)); }
 
     std::uint64_t word_;
 };

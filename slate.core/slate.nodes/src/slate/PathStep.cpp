@@ -8,7 +8,7 @@
 
 namespace Slate {
 
-PathStep::PathStep(NodePtr const& node, std::string const& name, std::size_t index)
+PathStep::PathStep(NodePtr const& node, std::string_view name, std::size_t index)
     : node_(node),
       is_member_(!node->isModelDeclaration() && !node->isTraitImpl()),
       index_(static_cast<std::uint32_t>(index)),

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace Slate {
 
@@ -18,7 +19,7 @@ namespace Slate {
 class PathStep {
   public:
     /// `index` is the place of the segment in the target path of an attribute, 1 for an annotation.
-    PathStep(NodePtr const& node, std::string const& name, std::size_t index);
+    PathStep(NodePtr const& node, std::string_view name, std::size_t index);
 
     NodePtr getNode() const { return node_.lock(); }
 

@@ -27,8 +27,8 @@ ChainPtr addNode(ChainPtr chain, NodePtr const& node, ObjectPool* pool) {
         return chain;
     }
     auto const annotation = node->asAnnotation();
-    return ObjectPool::makeIn<Chain const>(pool, std::move(chain), node,
-                                           annotation ? annotation->getName() : std::string(),
+    auto const name = annotation ? std::string_view(annotation->getName()) : std::string_view();
+    return ObjectPool::makeIn<Chain const>(pool, std::move(chain), node, name,
                                            std::size_t{annotation ? 1U : 0U});
 }
 

@@ -119,8 +119,8 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
   private:
     /// What most attributes have nothing of.
     struct Extras {
-        vec<AnnotationPtr> const annotations;
-        vec<VarAssignPtr> const members;
+        vec<AnnotationPtr> const annotations{};
+        vec<VarAssignPtr> const members{};
 
         // Where an assignment stands and leads that is no declaration in a model.
         std::weak_ptr<VarAssignment> parent{};
