@@ -35,7 +35,7 @@ class BranchWalk {
                 descends = true;
                 continue;
             }
-            places_.push_back({children[place.next_child++].second.get(), 0, nullptr, nullptr});
+            places_.push_back({children[place.next_child++].second, 0, nullptr, nullptr});
             descends = visit(*this);
         }
     }

@@ -40,8 +40,8 @@ GlobalPrefix findGlobalPrefix(Document const* document, vec<Token const*> const&
 
 /// Null if there is no such branch.
 SymbolTreeNode const* childOf(SymbolTreeNode const& branch, std::string_view name) {
-    auto const* const child = branch.getChildren().find(name);
-    return child == nullptr ? nullptr : child->get();
+    auto const* const* const child = branch.getChildren().find(name);
+    return child == nullptr ? nullptr : *child;
 }
 
 /// The branches that names lead to one after the other, as far as there are any; "this" stays where it is.

@@ -81,7 +81,7 @@ void InheritedNames::measureSymbols(vec<NodePtr> const& members) {
         if (!model)
             continue;
         for (auto const& [path, symbol] : model->getNewSymbols().entries()) {
-            auto const segments = static_cast<std::size_t>(std::ranges::count(path, '.')) + 1;
+            auto const segments = static_cast<std::size_t>(std::ranges::count(path.view(), '.')) + 1;
             segments_of_longest_symbol_ = std::max(segments_of_longest_symbol_, segments);
         }
     }

@@ -26,7 +26,7 @@ void walkBranches(SymbolTreeNode const& branch, VisitBranch visit) {
         visit(*node);
         auto const& children = node->getChildren().entries();
         for (auto child = children.rbegin(); child != children.rend(); ++child)
-            ahead.push_back(child->second.get());
+            ahead.push_back(child->second);
     }
 }
 
@@ -93,10 +93,12 @@ Typed typeNext(Typed const& typed, Chain const& link) {
 std::shared_ptr<SymbolTree> SymbolTree::create(vec<NodePtr> const& root_nodes,
                                                std::shared_ptr<ErrorReporter> error_reporter) {
     auto tree = std::make_shared<SymbolTree>(CreateKey(), std::move(error_reporter));
+    auto const surroundings = std::make_shared<SymbolTreeNode::Surroundings>(tree->error_reporter_, tree);
     for (auto const& node : root_nodes) {
-        auto const root = SymbolTreeNode::create(tree->error_reporter_, tree);
-        if (!tree->root_of_node_.emplace(node.get(), root).second)
+        auto& root = tree->root_of_node_[node.get()];
+        if (root)
             continue;
+        root = SymbolTreeNode::create(*surroundings);
         tree->roots_.emplace_back(node, root);
         root->growAsRoot(node);
     }

@@ -9,7 +9,6 @@
 #include "slate/Unfolding.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 namespace Slate {
@@ -30,46 +29,34 @@ void UnfoldedModels::clear() { *this = {}; }
 
 SymbolTreeNodePtr SymbolTreeNode::create(std::shared_ptr<ErrorReporter> error_reporter,
                                          std::weak_ptr<SymbolTree> tree) {
-    auto surroundings = std::make_shared<Surroundings>(std::move(error_reporter), std::move(tree));
-    return surroundings->pool.make<SymbolTreeNode>(CreateKey(), surroundings);
+    auto const surroundings = std::make_shared<Surroundings>(std::move(error_reporter), std::move(tree));
+    return create(*surroundings);
 }
 
-SymbolTreeNode::~SymbolTreeNode() {
-    std::vector<SymbolTreeNodePtr> ahead;
-    auto const take_children = [&ahead](SymbolTreeNode& node) {
-        if (!node.below_)
-            return;
-        for (auto& [name, child] : node.below_->children.take())
-            ahead.push_back(std::move(child));
-    };
-    try {
-        take_children(*this);
-        while (!ahead.empty()) {
-            auto const node = std::move(ahead.back());
-            ahead.pop_back();
-            if (node.use_count() == 1)
-                take_children(*node);
-        }
-    } catch (std::bad_alloc const&) { // without memory for the list the rest goes by recursion
-    }
+SymbolTreeNodePtr SymbolTreeNode::create(Surroundings& surroundings) {
+    return surroundings.share(&surroundings.makeNode());
 }
 
 SymbolTreeNodePtr SymbolTreeNode::findChild(std::string_view name) const {
-    auto const* child = getChildren().find(name);
-    return child == nullptr ? nullptr : *child;
+    auto* const found = child(name);
+    return found == nullptr ? nullptr : surroundings_.share(found);
 }
 
 SymbolTreeNode* SymbolTreeNode::child(std::string_view name) const {
-    auto const* child = getChildren().find(name);
-    return child == nullptr ? nullptr : child->get();
+    auto* const* const found = getChildren().find(name);
+    return found == nullptr ? nullptr : *found;
+}
+
+std::shared_ptr<SymbolTree> SymbolTreeNode::lockTree() const {
+    return std::shared_ptr<SymbolTree>(surroundings_.tree);
 }
 
 TopoPathPtr SymbolTreeNode::extend(TopoPathPtr const& path, NodePtr const& node) const {
-    return TopologicalPath::extend(path, node, &surroundings_->pool);
+    return TopologicalPath::extend(path, node, &surroundings_.pool);
 }
 
 TopoPathPtr SymbolTreeNode::extendForNow(TopoPathPtr const& path, NodePtr const& node) const {
-    return TopologicalPath::extendForNow(path, node, surroundings_->pool);
+    return TopologicalPath::extendForNow(path, node, surroundings_.pool);
 }
 
 /// The branch at the end of the target of an assignment, which may become its declaration; what is missing on
@@ -80,14 +67,13 @@ SymbolTreeNode& SymbolTreeNode::growTo(VarAssignPtr const& member, bool declares
         auto* next = node->child(segment.lexeme);
         if (next == nullptr) {
             lockTree();
-            auto branch = surroundings_->pool.make<SymbolTreeNode>(CreateKey(), surroundings_);
-            next = branch.get();
+            next = &surroundings_.makeNode();
             std::string_view name = segment.lexeme;
             if (declares && &segment == &member->getSegments().back())
                 next->declaration_ = member; // which keeps the name
             else
-                name = surroundings_->names.emplace_front(name);
-            node->makeBelow().children.add(name, std::move(branch));
+                name = surroundings_.names.emplace_front(name);
+            node->makeBelow().children.add(name, next);
         }
         node = next;
     }
@@ -126,7 +112,7 @@ void SymbolTreeNode::noteMaxPaths() {
     std::vector<SymbolTreeNode*> nodes{this};
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         for (auto const& [name, child] : nodes[i]->getChildren().entries())
-            nodes.push_back(child.get());
+            nodes.push_back(child);
     }
     for (auto node = nodes.rbegin(); node != nodes.rend(); ++node) {
         auto const& children = (*node)->getChildren().entries();
@@ -139,12 +125,12 @@ void SymbolTreeNode::noteMaxPaths() {
 SymbolTreeNodePtr SymbolTreeNode::walk(TopologicalPath const& path, std::size_t limit) {
     auto const steps = path.getSteps();
     auto const count = limit == 0 || limit >= steps.size() ? steps.size() : limit + 1;
-    auto node = shared_from_this();
-    for (std::size_t i = 1; node && i < count; ++i) {
+    auto* node = this;
+    for (std::size_t i = 1; node != nullptr && i < count; ++i) {
         if (steps[i].isMember())
-            node = node->findChild(steps[i].getName());
+            node = node->child(steps[i].getName());
     }
-    return node;
+    return node == nullptr ? nullptr : surroundings_.share(node);
 }
 
 void SymbolTreeNode::grow_paths(TopoPathPtr const& path, ModelDeclPtr const& excluded,
@@ -173,7 +159,7 @@ void SymbolTreeNode::growAsRoot(NodePtr const& node) {
     for (auto const phase : {Unfolding::Phase::Branches, Unfolding::Phase::MaxPaths}) {
         visited.clear();
         Unfolding unfolding(visited, bodies);
-        unfolding.add(GrowTask{this, TopologicalPath::create(node, &surroundings_->pool), nullptr});
+        unfolding.add(GrowTask{this, TopologicalPath::create(node, &surroundings_.pool), nullptr});
         unfolding.run(phase);
     }
 }
@@ -199,7 +185,7 @@ void SymbolTreeNode::grow_paths(Unfolding& unfolding, GrowTask const& task) {
     auto const variable = node->asVarAssignment();
     if (variable && task.path->countSteps() == 1) {
         if (declaration_)
-            surroundings_->replaced_declarations.push_front(std::move(declaration_));
+            surroundings_.replaced_declarations.push_front(std::move(declaration_));
         declaration_ = variable;
         return;
     }
@@ -247,7 +233,7 @@ void SymbolTreeNode::reportCycle(ModelDeclaration const& model, UnfoldedModels c
     }
     auto const common = TopologicalPath::commonPrefix(visited.paths());
     auto const token = common->getLastStep()->getToken();
-    surroundings_->error_reporter->reportError(
+    surroundings_.error_reporter->reportError(
         CircularDependency::create(token.line, token.column, model.getSourceIdOrDefault(),
                                    TopologicalPath::joinFullStrings(visited.paths())));
 }
@@ -290,7 +276,7 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
             if (!reached->grow_max_paths_from_members(nested, member->getMembers(), body))
                 has_branches = false;
         } else if (std::exchange(reached->assigned_by_, body) == body) {
-            surroundings_->error_reporter->reportError(SymbolAlreadyAssigned::create(
+            surroundings_.error_reporter->reportError(SymbolAlreadyAssigned::create(
                 member->getSegments().back(), path->getLastStep()->getSourceId()));
         } else if (!is_overridden && reached->assign(extend(path, member), *member->getValue())) {
             reached->max_path_by_ = body;

@@ -8,6 +8,7 @@
 #include "slate/TopologicalPath.h"
 
 #include <cstdint>
+#include <deque>
 #include <forward_list>
 #include <memory>
 #include <string>
@@ -52,8 +53,9 @@ class UnfoldedModels {
 /// model's own members, then its traits, then what it extends. However deep models hold one another, no walk
 /// takes more of the C++ stack than the bodies of a single model are nested.
 ///
-/// A node works only as long as its tree lives; it throws `std::bad_weak_ptr` otherwise.
-class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
+/// The nodes of a tree live and go together: who holds one of them keeps all. A node grows only as long as
+/// its tree lives; it throws `std::bad_weak_ptr` otherwise.
+class SymbolTreeNode {
     struct CreateKey {
         explicit CreateKey() = default;
     };
@@ -62,28 +64,15 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     /// The number of a body of assignments, which marks what it has assigned; the tree numbers them.
     using BodyNumber = std::uint32_t;
 
+    /// What all nodes of a tree share.
+    class Surroundings;
+
+    /// A node that is a root, with surroundings of its own or among those of other roots.
     static SymbolTreeNodePtr create(std::shared_ptr<ErrorReporter> error_reporter,
                                     std::weak_ptr<SymbolTree> tree);
+    static SymbolTreeNodePtr create(Surroundings& surroundings);
 
-    /// What all nodes of a tree share.
-    struct Surroundings {
-        Surroundings(std::shared_ptr<ErrorReporter>&& _error_reporter, std::weak_ptr<SymbolTree>&& _tree)
-            : error_reporter(std::move(_error_reporter)), tree(std::move(_tree)) {}
-
-        std::shared_ptr<ErrorReporter> error_reporter;
-        std::weak_ptr<SymbolTree> tree;
-        ObjectPool pool; // for branches and paths
-
-        // What keeps the names of branches that their declarations do not.
-        std::forward_list<std::string> names;
-        std::forward_list<VarAssignPtr> replaced_declarations;
-    };
-
-    SymbolTreeNode(CreateKey, std::shared_ptr<Surroundings> surroundings)
-        : surroundings_(std::move(surroundings)) {}
-
-    /// Branch by branch: trees are as deep as models hold one another.
-    ~SymbolTreeNode();
+    SymbolTreeNode(CreateKey, Surroundings& surroundings) : surroundings_(surroundings) {}
 
     SymbolTreeNode(SymbolTreeNode const&) = delete;
     SymbolTreeNode& operator=(SymbolTreeNode const&) = delete;
@@ -95,7 +84,7 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     TopoPathPtr const& getMaxPath() const { return max_path_; }
 
     /// The names are kept as long as the branches.
-    using Children = NamedList<SymbolTreeNodePtr, std::string_view>;
+    using Children = NamedList<SymbolTreeNode*, std::string_view>;
 
     /// The branches by attribute name, in the order in which they grew.
     Children const& getChildren() const { return below().children; }
@@ -169,15 +158,38 @@ class SymbolTreeNode : public std::enable_shared_from_this<SymbolTreeNode> {
     void addAnnotation(AnnotationPtr const& annotation, TopoPathPtr const& path);
     bool assign(TopoPathPtr const& path, Expression const& value);
 
-    std::shared_ptr<SymbolTree> lockTree() const { return std::shared_ptr<SymbolTree>(surroundings_->tree); }
+    std::shared_ptr<SymbolTree> lockTree() const;
 
-    std::shared_ptr<Surroundings> surroundings_;
+    Surroundings& surroundings_; // which this is among
     VarAssignPtr declaration_;
     TopoPathPtr max_path_;
     std::unique_ptr<Below> below_;
     // The bodies that last assigned here, and that the max path is from; numbers begin with 1.
     BodyNumber assigned_by_ = 0;
     BodyNumber max_path_by_ = 0;
+};
+
+/// Lives as long as its tree, or one of its nodes, is held.
+class SymbolTreeNode::Surroundings : public std::enable_shared_from_this<Surroundings> {
+  public:
+    Surroundings(std::shared_ptr<ErrorReporter> _error_reporter, std::weak_ptr<SymbolTree> _tree)
+        : error_reporter(std::move(_error_reporter)), tree(std::move(_tree)) {}
+
+    SymbolTreeNode& makeNode() { return nodes_.emplace_back(CreateKey(), *this); }
+
+    /// A holder of one of these nodes.
+    SymbolTreeNodePtr share(SymbolTreeNode* node) { return {shared_from_this(), node}; }
+
+    std::shared_ptr<ErrorReporter> const error_reporter;
+    std::weak_ptr<SymbolTree> const tree;
+    ObjectPool pool; // for paths
+
+    // What keeps the names of branches that their declarations do not.
+    std::forward_list<std::string> names;
+    std::forward_list<VarAssignPtr> replaced_declarations;
+
+  private:
+    std::deque<SymbolTreeNode> nodes_;
 };
 
 } // namespace Slate

@@ -32,7 +32,7 @@ std::string nameOf(Object const& instance, Chain const& chain) {
     auto name = first.isModel() ? first.getText() : type ? type->getName() : std::string();
     for (auto link = links.rbegin(); link != links.rend(); ++link) {
         if ((*link)->getStep().isMember())
-            name += "." + (*link)->getStep().getName();
+            name.append(".").append((*link)->getStep().getName());
     }
     return name;
 }
@@ -147,13 +147,13 @@ Any Evaluator::valueOf(PathStep const& step, VarAssignment const* attribute, Obj
     return model ? Any(expression_evaluator_->getOrCreateInstance(model, target)) : Any();
 }
 
-void Evaluator::assign(std::string const& key, ObjectPtr const& target, Any value, bool is_default) {
+void Evaluator::assign(std::string_view key, ObjectPtr const& target, Any value, bool is_default) {
     auto const object = value.isObject() ? value.asObject() : nullptr;
     auto const type = object ? object->getType() : nullptr;
     // The instances of const models belong to nobody.
     if (object && !(type && type->isConst())) {
         if (object->getName().empty())
-            object->setName(target->getName() + "." + key);
+            object->setName(target->getName() + "." + std::string(key));
         if (!object->getOwner())
             object->setOwner(target);
     }
@@ -163,9 +163,10 @@ void Evaluator::assign(std::string const& key, ObjectPtr const& target, Any valu
         return;
     }
     dropInstances();
-    target->setDynamic(key, std::move(value));
+    std::string const name(key);
+    target->setDynamic(name, std::move(value));
     if (is_default)
-        target->setIsDefault(key);
+        target->setIsDefault(name);
 }
 
 ObjectPtr Evaluator::getOrCreateTargetInstance(ObjectPtr const& instance, TopoPathPtr const& path,
@@ -232,7 +233,8 @@ ObjectPtr Evaluator::rootOf(ObjectPtr const& instance, PathStep const& first) {
 ObjectPtr Evaluator::takeStep(ObjectPtr const& instance, ObjectPtr const& object, Chain const& link,
                               bool& is_in_value) {
     auto const& step = link.getStep();
-    auto const value = object->getDynamic(step.getName());
+    std::string const name(step.getName());
+    auto const value = object->getDynamic(name);
     if (!value.isUndefined()) {
         is_in_value = !value.isObject();
         return value.isObject() ? value.asObject() : nullptr;
@@ -244,7 +246,7 @@ ObjectPtr Evaluator::takeStep(ObjectPtr const& instance, ObjectPtr const& object
     auto next = expression_evaluator_->getOrCreateInstance(model, object);
     if (!model->isConst())
         next->setName(nameOf(*instance, link));
-    object->setDynamic(step.getName(), Any(next));
+    object->setDynamic(name, Any(next));
     return next;
 }
 

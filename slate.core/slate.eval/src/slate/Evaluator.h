@@ -44,7 +44,7 @@ class Evaluator {
     Outcome annotate(ObjectPtr const& root, TopoPathPtr const& path, AnnotationPtr const& annotation);
     /// `attribute` is null if the step is none.
     Any valueOf(PathStep const& step, VarAssignment const* attribute, ObjectPtr const& target);
-    void assign(std::string const& key, ObjectPtr const& target, Any value, bool is_default);
+    void assign(std::string_view key, ObjectPtr const& target, Any value, bool is_default);
 
     /// The object that a chain leads to from `instance`, or empty; `is_in_value` then tells whether something
     /// on the way is a plain value.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "slate/CompactString.h"
 #include "slate/NameIndex.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ inline bool isSameName(std::string_view a, std::string_view b) {
 
 /// Values by name, in the order in which they were added. Few are compared one by one, many are looked up in
 /// a table. With `std::string_view` as `Name` someone else keeps the names.
-template <typename Value, typename Name = std::string>
+template <typename Value, typename Name = CompactString>
 class NamedList {
   public:
     using Entry = std::pair<Name, Value>;
@@ -45,8 +46,8 @@ class NamedList {
     }
 
     /// The name must be new.
-    Value& add(Name name, Value value) {
-        entries_.emplace_back(std::move(name), std::move(value));
+    Value& add(std::string_view name, Value value) {
+        entries_.emplace_back(Name(name), std::move(value));
         if (entries_.size() > few) {
             for (auto i = positions_.empty() ? 0 : entries_.size() - 1; i < entries_.size(); ++i)
                 positions_.add(entries_[i].first, i);
@@ -58,7 +59,7 @@ class NamedList {
     Value& findOrAdd(std::string_view name) {
         if (positions_.empty()) {
             auto* const known = find(name);
-            return known == nullptr ? add(Name(name), Value()) : *known;
+            return known == nullptr ? add(name, Value()) : *known;
         }
         auto const hash = NameIndex::hashOf(name);
         auto const position = positions_.find(hash, [&](std::size_t i) { return entries_[i].first == name; });

@@ -70,7 +70,7 @@ ExpressionPtr PathStep::getExpression() const {
 std::string PathStep::getText() const {
     auto const node = getNode();
     auto const model = node ? node->asModelDeclaration() : nullptr;
-    return model ? model->getNameWithNamespace(".") : name_;
+    return model ? model->getNameWithNamespace(".") : name_.toString();
 }
 
 bool PathStep::isModel() const {

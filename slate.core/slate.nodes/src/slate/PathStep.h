@@ -1,5 +1,6 @@
 #pragma once
 
+#include "slate/CompactString.h"
 #include "slate/Link.h"
 #include "slate/Token.h"
 
@@ -29,8 +30,8 @@ class PathStep {
     /// A note on the step, which changes nothing of what it is.
     void setOuterType(TypePtr const& outer_type) const { outer_type_.set(outer_type); }
 
-    /// The name of the segment; empty for a type step.
-    std::string const& getName() const { return name_; }
+    /// The name of the segment; empty for a type step. Kept by this step.
+    std::string_view getName() const { return name_.view(); }
 
     std::size_t getIndex() const { return index_; }
 
@@ -70,7 +71,7 @@ class PathStep {
     [[no_unique_address]] mutable TypeLink outer_type_; // the next two stand in its padding
     bool is_member_;
     std::uint32_t index_;
-    std::string name_;
+    CompactString name_;
 };
 
 } // namespace Slate

@@ -102,7 +102,7 @@ bool JsonWriter::writeNext(Open& open) {
     return true;
 }
 
-void JsonWriter::writeEntry(Object const& owner, std::string const& key, Any const& value) {
+void JsonWriter::writeEntry(Object const& owner, std::string_view key, Any const& value) {
     write(",\"");
     write(key);
     write("\":");

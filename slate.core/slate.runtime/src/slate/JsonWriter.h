@@ -54,7 +54,7 @@ class JsonWriter {
     };
 
     bool writeNext(Open& open);
-    void writeEntry(Object const& owner, std::string const& key, Any const& value);
+    void writeEntry(Object const& owner, std::string_view key, Any const& value);
     void close();
 
     std::unordered_set<Object const*>& visited_;

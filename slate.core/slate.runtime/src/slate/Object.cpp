@@ -58,7 +58,7 @@ void Object::setDynamic(std::string const& key, Any value) {
     attributes_.findOrAdd(key).value = std::move(value);
 }
 
-bool Object::assign(std::string const& key, Any value, bool is_default) {
+bool Object::assign(std::string_view key, Any value, bool is_default) {
     auto& attribute = attributes_.findOrAdd(key);
     bool const held_object = attribute.value.isObject();
     attribute.value = std::move(value);

@@ -52,7 +52,7 @@ class Object {
 
     /// Sets an attribute and whether its value comes from its declaration, past what native classes replace.
     /// Answers whether it held an object before.
-    bool assign(std::string const& key, Any value, bool is_default);
+    bool assign(std::string_view key, Any value, bool is_default);
 
     /// The value of an attribute; `Undefined` if there is none.
     virtual Any getDynamic(std::string const& key) const;

@@ -29,7 +29,7 @@ std::vector<Holder> holdersOf(TopologicalPath const& path) {
             continue;
         if (step.isMember()) {
             for (auto& holder : holders)
-                holder.path += (holder.path.empty() ? "" : ".") + step.getName();
+                holder.path.append(holder.path.empty() ? "" : ".").append(step.getName());
         }
         holders.push_back({modelOf(step.getOuterType() ? step.getOuterType() : step.getType()), ""});
     }
