@@ -39,9 +39,9 @@ std::vector<std::string> placesOf(vec<std::shared_ptr<Member>> const& members) {
         auto const attribute = member->asVarAssignment();
         auto const method = member->asMethodDeclaration();
         auto const model = member->asModelDeclaration();
-        auto const& token = attribute ? attribute->getSegments().back()
-                            : method  ? method->getNameToken()
-                                      : model->getNameToken();
+        auto const token = attribute ? attribute->getSegments().back()
+                           : method  ? method->getNameToken()
+                                     : model->getNameToken();
         places.push_back(token.lexeme + "@" + std::to_string(token.line) + ":" +
                          std::to_string(token.column));
     }

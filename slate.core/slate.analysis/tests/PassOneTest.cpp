@@ -189,7 +189,7 @@ TEST(PassOne, RecordsWhatAModelIntroducesAndWhatItExtends) {
     auto const frame = analyzed.findModel("Frame");
     vec<std::string> introduced;
     for (auto const& [path, node] : frame->getNewSymbols().entries())
-        introduced.push_back(path);
+        introduced.push_back(path.toString());
     EXPECT_THAT(introduced,
                 UnorderedElementsAre("part", "part.width", "part.bolt.length", "part.height", "move"));
     EXPECT_THAT(frame->getExtendedSymbols(), UnorderedElementsAre("part", "part.bolt"));

@@ -56,7 +56,7 @@ std::vector<std::string> drawPaths(vec<ModelDeclPtr> const& models, Dice& dice) 
     std::set<std::string> all;
     for (auto const& model : models) {
         for (auto const& [path, symbol] : model->getNewSymbols().entries())
-            all.insert(path);
+            all.insert(path.toString());
         all.insert(model->getExtendedSymbols().begin(), model->getExtendedSymbols().end());
         for (auto const& member : model->getMembers()) {
             if (auto const attribute = member->asVarAssignment())

@@ -33,7 +33,7 @@ struct Literal {
 };
 
 void checkAll(std::vector<Literal> const& literals,
-              std::variant<Any, ErrorCode> (*parse)(std::string const& lexeme)) {
+              std::variant<Any, ErrorCode> (*parse)(std::string_view lexeme)) {
     for (auto const& [lexeme, expected] : literals)
         EXPECT_EQ(textOf(parse(lexeme)), expected) << lexeme;
 }

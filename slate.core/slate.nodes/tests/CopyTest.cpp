@@ -357,9 +357,9 @@ TEST(NamePath, HasTheTokensOfTheSource) {
     auto const names = namePathOf(*access);
     ASSERT_TRUE(names);
     ASSERT_EQ(names->size(), 3U);
-    EXPECT_EQ(*names->at(0), Token(TokenType::Identifier, "a", 1, 12));
-    EXPECT_EQ(*names->at(1), Token(TokenType::Identifier, "b", 1, 14));
-    EXPECT_EQ(names->at(2), &access->getNameToken());
+    EXPECT_EQ(names->at(0)->get(), Token(TokenType::Identifier, "a", 1, 12));
+    EXPECT_EQ(names->at(1)->get(), Token(TokenType::Identifier, "b", 1, 14));
+    EXPECT_EQ(names->at(2)->get(), access->getNameToken());
 }
 
 TEST(NamePath, IsJoinedUpToACount) {
@@ -378,7 +378,7 @@ TEST(NamePath, OfAHundredThousandNamesIsFound) {
         auto const names = namePathOf(*access);
         ASSERT_TRUE(names);
         EXPECT_EQ(names->size(), 100'001U);
-        EXPECT_EQ(names->front()->lexeme, "a");
+        EXPECT_EQ(names->front()->lexeme(), "a");
         EXPECT_EQ(joinNames(*names, 3), "a.m.m");
     });
 }

@@ -109,7 +109,7 @@ class PartsVisitor : public NodeVisitor {
     }
 
     void visitVarAssignment(VarAssignPtr const& node) override {
-        auto const& name = node->getSegments().back().lexeme;
+        std::string const name(node->getPath().back().lexeme());
         if (!owner_.empty())
             parts_[owner_].push_back(name);
         auto& parts = parts_[name];

@@ -46,6 +46,8 @@ VarAssignPtr findStep(ModelDeclaration const& model, std::string const& name) {
     return attribute && attribute->isTopDeclaration() ? attribute : nullptr;
 }
 
+ModelDeclPtr modelIn(NodePtr const& node) { return node ? node->asModelDeclaration() : nullptr; }
+
 ModelDeclPtr modelTypeOf(VarAssignPtr const& attribute) {
     auto const type = attribute ? attribute->getType() : nullptr;
     return type ? type->asModelDeclaration() : nullptr;
@@ -111,9 +113,8 @@ ModelDeclPtr AnalysisContext::findModelDeclaration(DocPtr const& document,
                                                    TokenVector const& segments) const {
     if (!document)
         return {};
-    auto const node = segments.size() == 1 ? document->nsLookup(segments.front().lexeme)
-                                           : document->nsLookup(Node::segmentsAsString(segments));
-    return node ? node->asModelDeclaration() : nullptr;
+    return modelIn(segments.size() == 1 ? document->nsLookup(segments.front().lexeme)
+                                        : document->nsLookup(Node::segmentsAsString(segments)));
 }
 
 TypePtr AnalysisContext::findType(DocPtr const& document, TokenVector const& segments) const {
@@ -129,15 +130,23 @@ TypePtr AnalysisContext::findType(DocPtr const& document, TokenVector const& seg
     return type;
 }
 
+TypePtr AnalysisContext::findType(DocPtr const& document, CompactPath const& path) const {
+    return path.size() == 1 ? findTypeOfName(document, path.front().lexeme())
+                            : findType(document, path.getTokens());
+}
+
 TypePtr AnalysisContext::findElementType(DocPtr const& document, TokenVector const& segments) const {
-    if (segments.size() == 1) {
-        for (auto const* primitive :
-             {&primitive_type_real, &primitive_type_bool, &primitive_type_string, &primitive_type_int}) {
-            if (segments.front().lexeme == (*primitive)->toString())
-                return *primitive;
-        }
+    return segments.size() == 1 ? findTypeOfName(document, segments.front().lexeme)
+                                : findModelDeclaration(document, segments);
+}
+
+TypePtr AnalysisContext::findTypeOfName(DocPtr const& document, std::string_view name) const {
+    for (auto const* primitive :
+         {&primitive_type_real, &primitive_type_bool, &primitive_type_string, &primitive_type_int}) {
+        if (name == (*primitive)->getName())
+            return *primitive;
     }
-    return findModelDeclaration(document, segments);
+    return modelIn(document ? document->nsLookup(name) : nullptr);
 }
 
 ModelDeclPtr AnalysisContext::findModelDeclarationByNameIn(std::string const& name,

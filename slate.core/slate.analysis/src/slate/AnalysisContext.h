@@ -1,6 +1,7 @@
 #pragma once
 
 #include "slate/BundleLookup.h"
+#include "slate/CompactPath.h"
 #include "slate/ErrorReporter.h"
 #include "slate/Fnv1a.h"
 #include "slate/NodeTypes.h"
@@ -54,6 +55,7 @@ class AnalysisContext {
     /// The type that the segments name: one of the primitives, which no model can shadow, a model, or an
     /// array of what stands in front of the two tokens `[` and `]` at the end.
     TypePtr findType(DocPtr const& document, TokenVector const& segments) const;
+    TypePtr findType(DocPtr const& document, CompactPath const& path) const;
 
     /// The first model of that name in that one document.
     ModelDeclPtr findModelDeclarationByNameIn(std::string const& name, DocPtr const& document) const;
@@ -89,6 +91,7 @@ class AnalysisContext {
 
   private:
     TypePtr findElementType(DocPtr const& document, TokenVector const& segments) const;
+    TypePtr findTypeOfName(DocPtr const& document, std::string_view name) const;
 
     template <typename Visit>
     void forEachDocument(Visit visit) const;

@@ -154,7 +154,7 @@ TypePtr BindExpressionTypesVisitor::outerType(VarAssignment const& node) const {
         return current_model_;
     if (top_level_variable_)
         return top_level_variable_->getTypeOfSegment(0);
-    return node.getSegments().size() > 1 ? node.getTypeOfSegment(0) : nullptr;
+    return node.getPath().size() > 1 ? node.getTypeOfSegment(0) : nullptr;
 }
 
 } // namespace Slate::Analysis

@@ -10,7 +10,7 @@ void BindExtendedSymbolsVisitor::visitModelDeclaration(ModelDeclPtr const& node)
     for (auto const& member : node->getMembers()) {
         // Nearly all attributes declare one name and nothing inside of it: nothing of them is recorded.
         auto const* const attribute = attributeIn(member.get());
-        if (attribute != nullptr && (attribute->getSegments().size() > 1 || !attribute->getMembers().empty()))
+        if (attribute != nullptr && (attribute->getPath().size() > 1 || !attribute->getMembers().empty()))
             accept(member);
     }
 }

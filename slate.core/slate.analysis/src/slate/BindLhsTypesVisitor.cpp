@@ -18,7 +18,7 @@ ModelDeclPtr modelOf(TypePtr const& type) { return type ? type->asModelDeclarati
 bool redeclaresSymbol(VarAssignment const& node) { return node.getOperatorType() == TokenType::Becomes; }
 
 bool declaresItself(VarAssignment const& node) {
-    return node.getSegments().size() == 1 && node.getOperatorType() == TokenType::Is;
+    return node.getPath().size() == 1 && node.getOperatorType() == TokenType::Is;
 }
 
 /// The most frequent kind of attribute, for which nothing is to be looked up.
@@ -28,7 +28,7 @@ bool isPlainDeclaration(VarAssignment const& node) {
 
 } // namespace
 
-std::size_t BindLhsTypesVisitor::Target::lastIndex() const { return node->getSegments().size() - 1; }
+std::size_t BindLhsTypesVisitor::Target::lastIndex() const { return node->getPath().size() - 1; }
 
 bool BindLhsTypesVisitor::Target::redeclares(std::size_t index) const {
     return index == lastIndex() && redeclaresSymbol(*node);
@@ -58,11 +58,11 @@ void BindLhsTypesVisitor::visitVarAssignment(VarAssignPtr const& node) {
         return;
     }
     // An attribute that knows none around it begins anew.
-    vec<Token const*> segments_before;
+    vec<CompactToken const*> segments_before;
     auto const offset = node->getParent() ? full_segments_.size() : 0;
     if (!node->getParent())
         segments_before = std::exchange(full_segments_, {});
-    for (auto const& segment : node->getSegments())
+    for (auto const& segment : node->getPath())
         full_segments_.push_back(&segment);
 
     if (!node->getOwningModel() || bindTarget(node, offset))
@@ -202,15 +202,15 @@ bool BindLhsTypesVisitor::checkRedeclaration(VarAssignPtr const& node, VarAssign
 }
 
 void BindLhsTypesVisitor::reportNotFound(VarAssignment& node, std::size_t index, std::string const& name) {
-    auto const& token = node.getSegments()[index];
+    auto const position = node.getPath()[index].position();
     error_reporter_->reportError(
-        VariableNotFound::create(token.line, token.column, node.getSourceId(), name));
+        VariableNotFound::create(position.line, position.column, node.getSourceId(), name));
     node.setValid(false);
 }
 
 void BindLhsTypesVisitor::reportMismatch(VarAssignment& node, std::string const& source_id) {
-    auto const& token = node.isDeclaration() ? node.getTypeSegments().front() : node.getSegments().front();
-    error_reporter_->reportError(Error::create(ErrTypeMismatch, token.line, token.column, source_id));
+    auto const position = (node.isDeclaration() ? node.getTypePath() : node.getPath()).front().position();
+    error_reporter_->reportError(Error::create(ErrTypeMismatch, position.line, position.column, source_id));
     node.setValid(false);
 }
 

@@ -53,7 +53,7 @@ class BindLhsTypesVisitor : public MemberWalk {
     std::shared_ptr<ErrorReporter> error_reporter_;
     InheritedNames const& names_;
     ModelDeclPtr current_model_;
-    vec<Token const*> full_segments_;
+    vec<CompactToken const*> full_segments_;
     vec<EnclosingType> enclosing_types_; // outermost first
     std::size_t enclosing_declarations_ = 0;
 };

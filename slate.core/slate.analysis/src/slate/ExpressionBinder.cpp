@@ -27,7 +27,9 @@ TypePtr typeOfGlobal(Node& node) {
     return variable ? variable->getOwnType() : node.asType();
 }
 
-bool isIntegerLiteral(Token const& number) { return number.lexeme.find_first_of(".eE") == std::string::npos; }
+bool isIntegerLiteral(std::string_view number) {
+    return number.find_first_of(".eE") == std::string_view::npos;
+}
 
 } // namespace
 
@@ -84,8 +86,8 @@ void ExpressionBinder::close(Chain const& chain, Link const& link) {
 }
 
 void ExpressionBinder::bindConstant(Constant& node) {
-    switch (node.getToken().type) {
-    case TokenType::Number: node.setType(isIntegerLiteral(node.getToken()) ? int_ : real_); break;
+    switch (node.getTokenType()) {
+    case TokenType::Number: node.setType(isIntegerLiteral(node.getLexeme()) ? int_ : real_); break;
     case TokenType::String:
     case TokenType::MultilineString: node.setType(string_); break;
     case TokenType::True:
@@ -96,15 +98,15 @@ void ExpressionBinder::bindConstant(Constant& node) {
 }
 
 void ExpressionBinder::bindName(Constant& node) {
-    auto const& token = node.getToken();
+    auto const name = node.getLexeme();
     TypePtr type;
-    if (token.lexeme == "this") {
+    if (name == "this") {
         type = outer_type_;
-    } else if (auto const global = document_ ? document_->nsLookupConstOrVar(token.lexeme) : nullptr) {
+    } else if (auto const global = document_ ? document_->nsLookupConstOrVar(name) : nullptr) {
         type = typeOfGlobal(*global);
         node.setDeclaration(global);
     } else if (auto const model = outerModel()) {
-        if (auto const attribute = names_.lookupDeclaration(*model, token.lexeme)) {
+        if (auto const attribute = names_.lookupDeclaration(*model, name)) {
             type = attribute->getOwnType();
             node.setDeclaration(attribute);
         }
@@ -113,7 +115,7 @@ void ExpressionBinder::bindName(Constant& node) {
         node.setType(type);
         return;
     }
-    report(ErrVariableNotFound, token);
+    report(ErrVariableNotFound, node.getToken());
     node.setValid(false);
 }
 
@@ -132,7 +134,7 @@ ExpressionPtr ExpressionBinder::openMemberAccess(Chain& chain, MemberAccessPtr c
 
 std::size_t ExpressionBinder::countNames(Chain& chain, MemberAccess const& node) const {
     if (chain.name_count == 0) {
-        chain.names = namePathOf(node).value_or(vec<Token const*>());
+        chain.names = namePathOf(node).value_or(vec<CompactToken const*>());
         chain.name_count = chain.names.size();
     }
     return chain.name_count;
@@ -154,7 +156,7 @@ void ExpressionBinder::closeMemberAccess(Chain const& chain, MemberAccess& node,
         node.setValid(false);
         return;
     }
-    auto member = names_.findFirstMemberWithType(*model, node.getNameToken().lexeme);
+    auto member = names_.findFirstMemberWithType(*model, node.getName());
     if (!member && !lhs->isValid())
         return;
     if (!member && name_count > 0)
@@ -170,7 +172,7 @@ void ExpressionBinder::closeMemberAccess(Chain const& chain, MemberAccess& node,
 /// What is declared by a path of names, or in a trait.
 VarAssignPtr ExpressionBinder::findByPath(Chain const& chain, MemberAccess const& node,
                                           std::size_t name_count) const {
-    auto const first_ix = chain.names.front()->lexeme == "this" ? 1U : 0U;
+    auto const first_ix = chain.names.front()->lexeme() == "this" ? 1U : 0U;
     auto const model = outerModel();
     if (model && name_count - first_ix <= names_.countSegmentsOfLongestSymbol()) {
         if (auto member = names_.lookupDeclaration(*model, joinNames(chain.names, first_ix, name_count)))
@@ -179,10 +181,10 @@ VarAssignPtr ExpressionBinder::findByPath(Chain const& chain, MemberAccess const
 
     // From the operand of the operand by two names, then from the operand by one.
     auto const outer_access = node.getLhs()->asMemberAccess();
-    auto const& name = node.getNameToken().lexeme;
+    auto const name = node.getName();
     if (outer_access && names_.countSegmentsOfLongestSymbol() > 1) {
         auto const outer_operand = asModel(outer_access->getLhs()->getType());
-        auto const path = outer_access->getNameToken().lexeme + "." + name;
+        auto const path = std::string(outer_access->getName()).append(".").append(name);
         if (auto member = outer_operand ? names_.lookupDeclaration(*outer_operand, path) : nullptr)
             return member;
     }

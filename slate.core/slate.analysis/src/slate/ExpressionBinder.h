@@ -1,6 +1,7 @@
 #pragma once
 
 #include "slate/AnalysisContext.h"
+#include "slate/CompactToken.h"
 #include "slate/ErrorCode.h"
 #include "slate/InheritedNames.h"
 #include "slate/OperatorIndex.h"
@@ -45,7 +46,7 @@ class ExpressionBinder {
     struct Chain {
         // The path of names that the chain begins with, if it has one, and how many of them what is opened
         // next has. Only the innermost links can be such a path.
-        vec<Token const*> names;
+        vec<CompactToken const*> names;
         std::size_t name_count = 0;
     };
 

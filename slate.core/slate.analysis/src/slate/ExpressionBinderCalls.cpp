@@ -59,30 +59,29 @@ void ExpressionBinder::bindStaticMethod(Chain const& chain, Call& node, std::siz
     if (!model)
         return;
     auto const& name = *chain.names[name_count - 1];
-    auto const method = names_.findMethod(*model, name.lexeme);
+    auto const method = names_.findMethod(*model, name.lexeme());
     if (method && method->isStatic()) {
         setMethod(node, method);
         node.getCallee()->setType(method);
         return;
     }
     context_->getErrorReporter()->reportError(
-        MethodNotFound::create(name, joinNames(chain.names, name_count), document_->getSourceId()));
+        MethodNotFound::create(name.get(), joinNames(chain.names, name_count), document_->getSourceId()));
     node.setValid(false);
 }
 
 /// `method()`: of the object around.
 void ExpressionBinder::bindOwnMethod(Call& node, Constant const& callee) {
-    auto const& token = callee.getToken();
-    if (token.type != TokenType::Identifier) {
+    if (callee.getTokenType() != TokenType::Identifier) {
         rejectCallee(node);
         return;
     }
     auto const model = outerModel();
-    if (auto const method = model ? names_.findMethod(*model, token.lexeme) : nullptr) {
+    if (auto const method = model ? names_.findMethod(*model, callee.getLexeme()) : nullptr) {
         setMethod(node, method);
         return;
     }
-    report(ErrVariableNotFound, token);
+    report(ErrVariableNotFound, callee.getToken());
     node.setValid(false);
 }
 
@@ -96,7 +95,7 @@ void ExpressionBinder::bindMethodOfOperand(Call& node, MemberAccess& callee) {
         rejectCallee(node);
         return;
     }
-    if (auto const method = names_.findMethod(*model, callee.getNameToken().lexeme))
+    if (auto const method = names_.findMethod(*model, callee.getName()))
         setMethod(node, method);
     else
         reportMissingMember(node, callee.getNameToken());

@@ -25,13 +25,13 @@ struct GlobalPrefix {
 };
 
 /// The shortest one; no names if there is none.
-GlobalPrefix findGlobalPrefix(Document const* document, vec<Token const*> const& names) {
+GlobalPrefix findGlobalPrefix(Document const* document, vec<CompactToken const*> const& names) {
     if (document == nullptr)
         return {};
     auto const longest = document->countDotsOfLongestName() + 1;
     std::string text;
     for (std::size_t count = 1; count <= std::min(longest, names.size()); ++count) {
-        text += (count > 1 ? "." : "") + names[count - 1]->lexeme;
+        text.append(count > 1 ? "." : "").append(names[count - 1]->lexeme());
         if (auto node = document->nsLookupConstOrVar(text))
             return {count, std::move(node)};
     }
@@ -45,12 +45,12 @@ SymbolTreeNode const* childOf(SymbolTreeNode const& branch, std::string_view nam
 }
 
 /// The branches that names lead to one after the other, as far as there are any; "this" stays where it is.
-std::vector<SymbolTreeNode const*> branchesAlong(SymbolTreeNode const* branch, vec<Token const*> const& names,
-                                                 std::size_t offset) {
+std::vector<SymbolTreeNode const*> branchesAlong(SymbolTreeNode const* branch,
+                                                 vec<CompactToken const*> const& names, std::size_t offset) {
     std::vector<SymbolTreeNode const*> branches;
     for (auto i = offset; branch != nullptr && i < names.size(); ++i) {
-        if (names[i]->lexeme != "this")
-            branch = childOf(*branch, names[i]->lexeme);
+        if (names[i]->lexeme() != "this")
+            branch = childOf(*branch, names[i]->lexeme());
         if (branch != nullptr)
             branches.push_back(branch);
     }
@@ -91,15 +91,14 @@ void FindEdgesVisitor::addEdgesFrom(SymbolTreeNode const& branch) {
 void FindEdgesVisitor::visitConstant(ConstantPtr const& node) { readName(*node); }
 
 void FindEdgesVisitor::readName(Constant const& node) {
-    auto const& token = node.getToken();
-    if (token.type != TokenType::Identifier)
+    if (node.getTokenType() != TokenType::Identifier)
         return;
-    auto const global = current_document_ ? current_document_->nsLookupConstOrVar(token.lexeme) : nullptr;
+    auto const name = node.getLexeme();
+    auto const global = current_document_ ? current_document_->nsLookupConstOrVar(name) : nullptr;
     if (global) {
         if (auto const root = tree_->findRoot(*global))
             addEdgesFrom(*root);
-    } else if (auto const* sibling =
-                   outer_branch_ == nullptr ? nullptr : childOf(*outer_branch_, token.lexeme)) {
+    } else if (auto const* sibling = outer_branch_ == nullptr ? nullptr : childOf(*outer_branch_, name)) {
         addEdgesFrom(*sibling);
     }
 }

@@ -2,7 +2,9 @@
 
 #include "slate/NodeTypes.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace Slate::Analysis {
 
@@ -21,20 +23,20 @@ class FullPath {
 
       private:
         FullPath& path_;
-        std::string const* single_before_;
+        std::optional<std::string_view> single_before_;
         std::string text_before_; // if it was replaced
         std::size_t length_before_;
         bool is_replaced_ = false;
     };
 
-    std::string const& text() const { return single_ == nullptr ? text_ : *single_; }
+    std::string_view text() const { return single_ ? *single_ : text_; }
 
     /// The full path less the last segment of the attribute, and the "." in front of that.
     std::string textWithoutLastSegment(VarAssignment const& attribute) const;
 
   private:
-    std::string const* single_ = nullptr; // the name of an attribute that is the whole path; not copied
-    std::string text_;                    // else
+    std::optional<std::string_view> single_; // the name of an attribute that is the whole path; not copied
+    std::string text_;                       // else
 };
 
 } // namespace Slate::Analysis

@@ -30,7 +30,7 @@ void InvalidateGlobalDuplicateSymbolsVisitor::checkGlobalName(Document const& do
     auto const name = model ? model->getNameWithNamespace(".") : variable->getNameWithNamespace(".");
     auto const count = symbol_counts_.find(name);
     if (!name.empty() && count != symbol_counts_.end() && count->second > 1)
-        reject(member, name, model ? model->getNameToken() : variable->getSegments().front(),
+        reject(member, name, model ? model->getNameToken() : variable->getPath().front().get(),
                document.getSourceId());
 }
 
@@ -60,14 +60,15 @@ void InvalidateGlobalDuplicateSymbolsVisitor::visitVarAssignment(VarAssignPtr co
     auto const extended = model ? model->getExtends() : nullptr;
     if (extended && node->getOperatorType() == TokenType::Is &&
         names_.hasNewSymbol(*extended, full_path_.text()))
-        reject(*node, full_path_.text(), node->getSegments().back(), node->getSourceId());
+        reject(*node, full_path_.text(), node->getPath().back().get(), node->getSourceId());
     acceptAll(node->getAnnotations());
     acceptAll(node->getMembers());
 }
 
-void InvalidateGlobalDuplicateSymbolsVisitor::reject(Node& node, std::string const& name, Token const& token,
+void InvalidateGlobalDuplicateSymbolsVisitor::reject(Node& node, std::string_view name, Token const& token,
                                                      std::string const& source_id) {
-    error_reporter_->reportError(SymbolAlreadyDefined::create(token.line, token.column, source_id, name));
+    error_reporter_->reportError(
+        SymbolAlreadyDefined::create(token.line, token.column, source_id, std::string(name)));
     node.setValid(false);
 }
 

@@ -28,7 +28,7 @@ class InvalidateGlobalDuplicateSymbolsVisitor : public MemberWalk {
 
   private:
     void checkGlobalName(Document const& document, Node& member);
-    void reject(Node& node, std::string const& name, Token const& token, std::string const& source_id);
+    void reject(Node& node, std::string_view name, Token const& token, std::string const& source_id);
 
     StringMap<std::size_t> symbol_counts_;
     std::shared_ptr<ErrorReporter> error_reporter_;

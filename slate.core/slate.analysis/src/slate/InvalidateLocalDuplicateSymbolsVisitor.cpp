@@ -37,7 +37,7 @@ void InvalidateLocalDuplicateSymbolsVisitor::visitModelDeclaration(ModelDeclPtr 
 void InvalidateLocalDuplicateSymbolsVisitor::visitVarAssignment(VarAssignPtr const& node) {
     FullPath::At const here(full_path_, *node);
     if (node->isDeclaration() && !names_.add(full_path_.text()))
-        reject(*node, full_path_.text(), node->getSegments().back(), node->getSourceId());
+        reject(*node, full_path_.text(), node->getPath().back().get(), node->getSourceId());
     acceptAll(node->getAnnotations());
     acceptAll(node->getMembers());
 }
@@ -51,9 +51,10 @@ void InvalidateLocalDuplicateSymbolsVisitor::visitMethodDeclaration(MethodDeclPt
 
 void InvalidateLocalDuplicateSymbolsVisitor::beginScope() { names_.clear(); }
 
-void InvalidateLocalDuplicateSymbolsVisitor::reject(Node& node, std::string const& name, Token const& token,
+void InvalidateLocalDuplicateSymbolsVisitor::reject(Node& node, std::string_view name, Token const& token,
                                                     std::string const& source_id) {
-    error_reporter_->reportError(SymbolAlreadyDefined::create(token.line, token.column, source_id, name));
+    error_reporter_->reportError(
+        SymbolAlreadyDefined::create(token.line, token.column, source_id, std::string(name)));
     node.setValid(false);
 }
 

@@ -24,7 +24,7 @@ class InvalidateLocalDuplicateSymbolsVisitor : public MemberWalk {
 
   private:
     void beginScope();
-    void reject(Node& node, std::string const& name, Token const& token, std::string const& source_id);
+    void reject(Node& node, std::string_view name, Token const& token, std::string const& source_id);
 
     std::shared_ptr<ErrorReporter> error_reporter_;
     NameSet names_; // of the current scope

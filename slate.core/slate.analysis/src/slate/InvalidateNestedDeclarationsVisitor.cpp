@@ -13,8 +13,8 @@ InvalidateNestedDeclarationsVisitor::InvalidateNestedDeclarationsVisitor(
 void InvalidateNestedDeclarationsVisitor::visitVarAssignment(VarAssignPtr const& node) {
     if (node->isNestedDeclaration()) {
         auto const model = node->getOwningModel();
-        auto const& token = node->getSegments().front();
-        error_reporter_->reportError(Error::create(ErrNestedDeclaration, token.line, token.column,
+        auto const position = node->getPath().front().position();
+        error_reporter_->reportError(Error::create(ErrNestedDeclaration, position.line, position.column,
                                                    model ? model->getSourceIdOrDefault() : ""));
         node->setValid(false);
     }

@@ -62,7 +62,7 @@ void Pass1Visitor::bindParent(ModelDeclaration& model) {
 void Pass1Visitor::visitVarAssignment(VarAssignPtr const& node) {
     FullPath::At const here(full_path_, *node);
     if (node->isDeclaration()) {
-        auto const type = context_->findType(current_document_, node->getTypeSegments());
+        auto const type = context_->findType(current_document_, node->getTypePath());
         // A model cannot hold an attribute of its own type.
         if (!type || type == current_model_) {
             reportTypeNotFound(node->getTypeSegments(), node->getSourceId());

@@ -232,7 +232,7 @@ std::vector<TopoPathPtr> SymbolTree::pathsForMemberAccess(TopologicalPath const&
     if (!names)
         return {};
     for (auto i = offset; branch && i < names->size(); ++i) {
-        auto const& name = (*names)[i]->lexeme;
+        auto const name = (*names)[i]->lexeme();
         if (name != "this")
             branch = branch->findChild(name);
     }

@@ -47,8 +47,10 @@ SymbolTreeNode* SymbolTreeNode::child(std::string_view name) const {
     return found == nullptr ? nullptr : *found;
 }
 
-std::shared_ptr<SymbolTree> SymbolTreeNode::lockTree() const {
-    return std::shared_ptr<SymbolTree>(surroundings_.tree);
+SymbolTree& SymbolTreeNode::Surroundings::tree() const {
+    if (tree_.expired())
+        throw std::bad_weak_ptr();
+    return *living_tree_;
 }
 
 TopoPathPtr SymbolTreeNode::extend(TopoPathPtr const& path, NodePtr const& node) const {
@@ -63,13 +65,13 @@ TopoPathPtr SymbolTreeNode::extendForNow(TopoPathPtr const& path, NodePtr const&
 /// the way there grows.
 SymbolTreeNode& SymbolTreeNode::growTo(VarAssignPtr const& member, bool declares) {
     auto* node = this;
-    for (auto const& segment : member->getSegments()) {
-        auto* next = node->child(segment.lexeme);
+    for (auto const& segment : member->getPath()) {
+        auto* next = node->child(segment.lexeme());
         if (next == nullptr) {
-            lockTree();
+            surroundings_.tree(); // a branch needs one
             next = &surroundings_.makeNode();
-            std::string_view name = segment.lexeme;
-            if (declares && &segment == &member->getSegments().back())
+            auto name = segment.lexeme();
+            if (declares && &segment == &member->getPath().back())
                 next->declaration_ = member; // which keeps the name
             else
                 name = surroundings_.names.emplace_front(name);
@@ -248,7 +250,8 @@ void SymbolTreeNode::grow_max_paths(Unfolding& unfolding, GrowTask const& task) 
     if (model && unfolding.visited().contains(*model))
         return;
     auto body = unfolding.bodyOf(node);
-    bool const has_branches = grow_max_paths_from_members(task.path, *body.all, lockTree()->numberNextBody());
+    bool const has_branches =
+        grow_max_paths_from_members(task.path, *body.all, surroundings_.tree().numberNextBody());
     unfolding.follow(task, std::move(has_branches ? body.with_more : body.all));
 }
 
@@ -260,8 +263,8 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
             continue;
         auto* reached = this;
         bool is_overridden = false;
-        for (auto const& segment : member->getSegments()) {
-            reached = reached->child(segment.lexeme);
+        for (auto const& segment : member->getPath()) {
+            reached = reached->child(segment.lexeme());
             if (reached == nullptr) {
                 SLATE_LOG_ERROR("Missing branch for {}", extendForNow(path, member)->toFullString());
                 return false;
@@ -277,7 +280,7 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
                 has_branches = false;
         } else if (std::exchange(reached->assigned_by_, body) == body) {
             surroundings_.error_reporter->reportError(SymbolAlreadyAssigned::create(
-                member->getSegments().back(), path->getLastStep()->getSourceId()));
+                member->getPath().back().get(), path->getLastStep()->getSourceId()));
         } else if (!is_overridden && reached->assign(extend(path, member), *member->getValue())) {
             reached->max_path_by_ = body;
         }
@@ -288,12 +291,12 @@ bool SymbolTreeNode::grow_max_paths_from_members(TopoPathPtr const& path, vec<Va
 /// The first assignment that reaches a branch wins. Answers whether it does: a value of a wrong type is none,
 /// and was reported.
 bool SymbolTreeNode::assign(TopoPathPtr const& path, Expression const& value) {
-    auto const tree = lockTree();
+    auto& tree = surroundings_.tree();
     if (max_path_)
         return false;
     auto const declared = declaration_ ? declaration_->getOwnType() : nullptr;
     auto const type = declared && value.isValid() ? value.getType() : nullptr;
-    if (type && !tree->isAssignable(type, declared))
+    if (type && !tree.isAssignable(type, declared))
         return false;
     max_path_ = path;
     return true;
@@ -306,8 +309,8 @@ bool SymbolTreeNode::grow_max_paths_from_types(Unfolding& unfolding, TypesTask c
     bool const has_more = type || !member->getMembers().empty();
     auto* reached = this;
     bool is_assigned = false;
-    for (auto const& segment : member->getSegments()) {
-        reached = reached->child(segment.lexeme);
+    for (auto const& segment : member->getPath()) {
+        reached = reached->child(segment.lexeme());
         if (reached == nullptr) {
             SLATE_LOG_ERROR("Missing branch for {}", extendForNow(task.path, member)->toFullString());
             return false;

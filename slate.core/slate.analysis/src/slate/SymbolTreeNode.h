@@ -158,8 +158,6 @@ class SymbolTreeNode {
     void addAnnotation(AnnotationPtr const& annotation, TopoPathPtr const& path);
     bool assign(TopoPathPtr const& path, Expression const& value);
 
-    std::shared_ptr<SymbolTree> lockTree() const;
-
     Surroundings& surroundings_; // which this is among
     VarAssignPtr declaration_;
     TopoPathPtr max_path_;
@@ -172,16 +170,20 @@ class SymbolTreeNode {
 /// Lives as long as its tree, or one of its nodes, is held.
 class SymbolTreeNode::Surroundings : public std::enable_shared_from_this<Surroundings> {
   public:
-    Surroundings(std::shared_ptr<ErrorReporter> _error_reporter, std::weak_ptr<SymbolTree> _tree)
-        : error_reporter(std::move(_error_reporter)), tree(std::move(_tree)) {}
+    Surroundings(std::shared_ptr<ErrorReporter> _error_reporter, std::weak_ptr<SymbolTree> tree)
+        : error_reporter(std::move(_error_reporter)),
+          tree_(std::move(tree)),
+          living_tree_(tree_.lock().get()) {}
 
     SymbolTreeNode& makeNode() { return nodes_.emplace_back(CreateKey(), *this); }
 
     /// A holder of one of these nodes.
     SymbolTreeNodePtr share(SymbolTreeNode* node) { return {shared_from_this(), node}; }
 
+    /// Throws `std::bad_weak_ptr` if it is gone.
+    SymbolTree& tree() const;
+
     std::shared_ptr<ErrorReporter> const error_reporter;
-    std::weak_ptr<SymbolTree> const tree;
     ObjectPool pool; // for paths
 
     // What keeps the names of branches that their declarations do not.
@@ -189,6 +191,8 @@ class SymbolTreeNode::Surroundings : public std::enable_shared_from_this<Surroun
     std::forward_list<VarAssignPtr> replaced_declarations;
 
   private:
+    std::weak_ptr<SymbolTree> const tree_;
+    SymbolTree* const living_tree_; // the same as long as it lives, without an owner made for each branch
     std::deque<SymbolTreeNode> nodes_;
 };
 

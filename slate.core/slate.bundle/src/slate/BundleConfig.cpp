@@ -82,7 +82,7 @@ class ConfigReader {
     /// That of the name if the assignment has a body instead of a value.
     static Position valuePosition(VarAssignment const& assignment) {
         auto const& value = assignment.getValue();
-        return value ? value->getFirstToken().position() : assignment.getSegments().front().position();
+        return value ? value->getFirstToken().position() : assignment.getPath().front().position();
     }
 
     [[noreturn]] void fail(Position position, std::string_view complaint) const {

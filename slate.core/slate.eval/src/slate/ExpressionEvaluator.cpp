@@ -109,13 +109,12 @@ void ExpressionEvaluator::fail(ErrorCode code, Token const& token) {
 }
 
 void ExpressionEvaluator::visitConstant(Constant const& node, TypePtr const& expected_type) {
-    auto const& token = node.getToken();
-    switch (token.type) {
+    switch (node.getTokenType()) {
     case TokenType::Number: evaluateNumber(node); return;
     case TokenType::String:
     case TokenType::MultilineString: leave(Any(node.getStringValue())); return;
     case TokenType::True:
-    case TokenType::False: leave(Any(token.type == TokenType::True)); return;
+    case TokenType::False: leave(Any(node.getTokenType() == TokenType::True)); return;
     case TokenType::Identifier: evaluateName(node, expected_type); return;
     default: SLATE_LOG_ERROR("Corrupt constant node"); fail();
     }
@@ -127,17 +126,16 @@ void ExpressionEvaluator::evaluateNumber(Constant const& node) {
         fail();
         return;
     }
-    auto const& token = node.getToken();
-    auto parsed =
-        type->getKind() == PrimitiveType::Kind::Int ? parseInt(token.lexeme) : parseReal(token.lexeme);
+    auto const lexeme = node.getLexeme();
+    auto parsed = type->getKind() == PrimitiveType::Kind::Int ? parseInt(lexeme) : parseReal(lexeme);
     if (auto* const value = std::get_if<Any>(&parsed))
         leave(std::move(*value));
     else
-        fail(std::get<ErrorCode>(parsed), token);
+        fail(std::get<ErrorCode>(parsed), node.getToken());
 }
 
 void ExpressionEvaluator::evaluateName(Constant const& node, TypePtr const& expected_type) {
-    auto const& name = node.getToken().lexeme;
+    auto const name = node.getLexeme();
     auto const type = node.getPrimitiveType() == nullptr ? node.getType() : nullptr;
     if (name == "this" || (type && type->isMethodDeclaration())) {
         ++effects_;
@@ -147,7 +145,7 @@ void ExpressionEvaluator::evaluateName(Constant const& node, TypePtr const& expe
     auto const global = document_ ? document_->nsLookupConstOrVar(name) : nullptr;
     if (!global) {
         ++effects_;
-        auto value = current_object_ ? current_object_->getDynamic(name) : Any();
+        auto value = current_object_ ? current_object_->getDynamic(std::string(name)) : Any();
         if (value.isUndefined())
             fail(ErrUndefinedValue, node.getToken());
         else

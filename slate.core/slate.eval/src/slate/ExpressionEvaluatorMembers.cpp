@@ -53,7 +53,7 @@ void ExpressionEvaluator::visitMemberAccess(Frame& frame, MemberAccess const& no
 
 void ExpressionEvaluator::readMember(MemberAccess const& node, Any const& operand) {
     auto const object = operand.isObject() ? operand.asObject() : nullptr;
-    auto value = object ? object->getDynamic(node.getNameToken().lexeme) : Any();
+    auto value = object ? object->getDynamic(std::string(node.getName())) : Any();
     if (value.isUndefined())
         fail(ErrUndefinedValue, node.getFirstToken());
     else
@@ -89,7 +89,7 @@ void ExpressionEvaluator::visitCall(Frame& frame, Call const& node) {
     auto const& callee = node.getCallee();
     auto const constant = callee->asConstant();
     auto const access = callee->asMemberAccess();
-    if (constant && constant->getToken().type == TokenType::Identifier) {
+    if (constant && constant->getTokenType() == TokenType::Identifier) {
         callMethod(node, *method, Any(current_object_), values);
     } else if (!access) {
         SLATE_LOG_ERROR("Corrupt call");

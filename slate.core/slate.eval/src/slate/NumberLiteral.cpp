@@ -6,7 +6,7 @@
 
 namespace Slate::Core {
 
-std::variant<Any, ErrorCode> parseInt(std::string const& lexeme) {
+std::variant<Any, ErrorCode> parseInt(std::string_view lexeme) {
     std::int64_t value = 0;
     auto const failure = std::from_chars(lexeme.data(), lexeme.data() + lexeme.size(), value).ec;
     if (failure == std::errc::result_out_of_range)
@@ -16,7 +16,7 @@ std::variant<Any, ErrorCode> parseInt(std::string const& lexeme) {
     return Any(value);
 }
 
-std::variant<Any, ErrorCode> parseReal(std::string const& lexeme) {
+std::variant<Any, ErrorCode> parseReal(std::string_view lexeme) {
     RealText const text(lexeme);
     if (!text.is_number)
         return ErrBadExpression;

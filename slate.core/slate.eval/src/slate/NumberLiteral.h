@@ -3,7 +3,7 @@
 #include "slate/Any.h"
 #include "slate/ErrorCode.h"
 
-#include <string>
+#include <string_view>
 #include <variant>
 
 namespace Slate::Core {
@@ -12,9 +12,9 @@ namespace Slate::Core {
 /// number, `ErrNumberOutOfRange` for one that does not fit. The same in every locale of the process.
 
 /// With a sign, in base 10, in 64 bits.
-std::variant<Any, ErrorCode> parseInt(std::string const& lexeme);
+std::variant<Any, ErrorCode> parseInt(std::string_view lexeme);
 
 /// In double precision. Out of range is also what is too small, as for the C library.
-std::variant<Any, ErrorCode> parseReal(std::string const& lexeme);
+std::variant<Any, ErrorCode> parseReal(std::string_view lexeme);
 
 } // namespace Slate::Core

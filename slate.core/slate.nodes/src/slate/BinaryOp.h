@@ -30,7 +30,7 @@ class BinaryOp : public ChainLink, public std::enable_shared_from_this<BinaryOp>
     ExpressionPtr const& getRhs() const { return rhs_; }
 
     /// Ends the span where that of the right operand ends now; shares the token, copies nothing.
-    void setLastTokenFromRhs() { referToLastToken(rhs_->getLastToken()); }
+    void setLastTokenFromRhs() { referToLastToken(lastTokenOf(*rhs_)); }
 
     /// The overload that the operator stands for; empty for an operation on primitives and until bound.
     OpOverloadPtr getOverload() const { return getOverloadLink(); }

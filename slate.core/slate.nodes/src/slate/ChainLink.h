@@ -14,23 +14,23 @@ class ChainLink : public Expression {
     ExpressionPtr const& getChainOperand() const final { return operand_; }
 
     /// Begins the span where that of the operand begins now; shares the token, copies nothing.
-    void setFirstTokenFromOperand() { first_token_ = &operand_->getFirstToken(); }
+    void setFirstTokenFromOperand() { first_token_ = &firstTokenOf(*operand_); }
 
   protected:
     ChainLink(NodeType node_type, ExpressionPtr&& operand)
         : Expression(node_type), operand_(std::move(operand)) {}
 
     /// Ends the span at a token that is kept as long as this expression: its own, or one of its operands'.
-    void referToLastToken(Token const& token) { last_token_ = &token; }
+    void referToLastToken(CompactToken const& token) { last_token_ = &token; }
 
-    Token const* getOwnFirstToken() const final { return first_token_; }
+    CompactToken const* getOwnFirstToken() const final { return first_token_; }
 
-    Token const* getOwnLastToken() const final { return last_token_; }
+    CompactToken const* getOwnLastToken() const final { return last_token_; }
 
     /// A chain shares its first token from link to link.
     void setSpanOf(Expression const& source) final {
         auto const& link = static_cast<ChainLink const&>(source);
-        if (link.first_token_ != nullptr && link.first_token_ == &link.operand_->getFirstToken())
+        if (link.first_token_ != nullptr && link.first_token_ == &firstTokenOf(*link.operand_))
             setFirstTokenFromOperand();
         Expression::setSpanOf(source);
     }
@@ -39,8 +39,8 @@ class ChainLink : public Expression {
 
   private:
     ExpressionPtr operand_;
-    Token const* first_token_ = nullptr;
-    Token const* last_token_ = nullptr;
+    CompactToken const* first_token_ = nullptr;
+    CompactToken const* last_token_ = nullptr;
 };
 
 } // namespace Slate

@@ -13,12 +13,12 @@ Constant::Constant(CreateKey, Token&& token) : Expression(NodeType::Constant), t
 
 void Constant::accept(NodeVisitor& visitor) { visitor.visitConstant(shared_from_this()); }
 
-std::string Constant::getStringValue() const { return Token::extractString(token_); }
+std::string Constant::getStringValue() const { return Token::extractString(getToken()); }
 
 void Constant::unbindLink() { declaration_.reset(); }
 
 ExpressionPtr Constant::cloneLink(ExpressionPtr /*chain_operand*/, Spans /*spans*/) const {
-    return create(token_);
+    return create(getToken());
 }
 
 } // namespace Slate

@@ -15,7 +15,15 @@ class Constant : public Expression, public std::enable_shared_from_this<Constant
 
     void accept(NodeVisitor& visitor) override;
 
-    Token const& getToken() const { return token_; }
+    Token getToken() const { return token_.get(); }
+
+    // What most ask of it.
+
+    TokenType getTokenType() const { return token_.type(); }
+
+    std::string_view getLexeme() const { return token_.lexeme(); }
+
+    CompactToken const& getCompactToken() const { return token_; }
 
     /// The text between the delimiters of a string of any form; empty for all else.
     std::string getStringValue() const;
@@ -26,15 +34,15 @@ class Constant : public Expression, public std::enable_shared_from_this<Constant
     void setDeclaration(NodePtr const& declaration) { declaration_ = declaration; }
 
   protected:
-    Token const* getOwnFirstToken() const override { return &token_; }
+    CompactToken const* getOwnFirstToken() const override { return &token_; }
 
-    Token const* getOwnLastToken() const override { return &token_; }
+    CompactToken const* getOwnLastToken() const override { return &token_; }
 
     void unbindLink() override;
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
   private:
-    Token const token_;
+    CompactToken const token_;
     std::weak_ptr<Node> declaration_;
 };
 

@@ -12,17 +12,17 @@ class ElementList : public Expression {
   protected:
     ElementList(NodeType node_type, vec<ExpressionPtr>&& elements, Token&& open_token, Token&& close_token);
 
-    Token const* getOwnFirstToken() const final { return &open_token_; }
+    CompactToken const* getOwnFirstToken() const final { return &open_token_; }
 
-    Token const* getOwnLastToken() const final { return &close_token_; }
+    CompactToken const* getOwnLastToken() const final { return &close_token_; }
 
     void unbindLink() override;
     vec<ExpressionPtr> cloneElements(Spans spans) const;
 
   private:
     vec<ExpressionPtr> const elements_;
-    Token const open_token_;
-    Token const close_token_;
+    CompactToken const open_token_;
+    CompactToken const close_token_;
 };
 
 } // namespace Slate

@@ -9,7 +9,7 @@ namespace Slate {
 namespace {
 
 ExpressionPtr const no_operand;
-Token const no_token;
+CompactToken const no_token{Token()};
 
 } // namespace
 
@@ -48,13 +48,13 @@ PrimitiveType const* Expression::getPrimitiveType() const {
     return type != nullptr && type->isPrimitiveType() ? static_cast<PrimitiveType const*>(type) : nullptr;
 }
 
-Token const& Expression::getFirstToken() const {
+CompactToken const& Expression::firstToken() const {
     auto const* const given = extras_ ? extras_->first : nullptr;
     auto const* const token = given == nullptr ? getOwnFirstToken() : given;
     return token == nullptr ? no_token : *token;
 }
 
-Token const& Expression::getLastToken() const {
+CompactToken const& Expression::lastToken() const {
     auto const* const given = extras_ ? extras_->last : nullptr;
     auto const* const token = given == nullptr ? getOwnLastToken() : given;
     return token == nullptr ? no_token : *token;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "slate/CompactToken.h"
 #include "slate/Link.h"
 
 #include <forward_list>
@@ -31,8 +32,13 @@ class Expression : public Node {
     virtual ExpressionPtr const& getChainOperand() const;
 
     /// The first token of the source text that this expression stands for, parentheses around it included.
-    Token const& getFirstToken() const;
-    Token const& getLastToken() const;
+    Token getFirstToken() const { return firstToken().get(); }
+
+    Token getLastToken() const { return lastToken().get(); }
+
+    /// Where the first token stands.
+    Position getBegin() const { return firstToken().position(); }
+
     void setFirstToken(Token token);
     void setLastToken(Token token);
 
@@ -47,11 +53,21 @@ class Expression : public Node {
   protected:
     explicit Expression(NodeType node_type) : Node(node_type) {}
 
-    // The ends of the span that the class has by itself, where no token was set: tokens that are kept as long
-    // as this expression. Null if there are none.
+    // The ends of the span, which are kept as long as this expression. The default token without one.
 
-    virtual Token const* getOwnFirstToken() const = 0;
-    virtual Token const* getOwnLastToken() const = 0;
+    CompactToken const& firstToken() const;
+    CompactToken const& lastToken() const;
+
+    // Those that the class has by itself, where no token was set; null if there are none.
+
+    virtual CompactToken const* getOwnFirstToken() const = 0;
+    virtual CompactToken const* getOwnLastToken() const = 0;
+
+    // Those of operands, which protection hides from other classes.
+
+    static CompactToken const& firstTokenOf(Expression const& operand) { return operand.firstToken(); }
+
+    static CompactToken const& lastTokenOf(Expression const& operand) { return operand.lastToken(); }
 
     /// Clears what this class has bound, and unbinds all operands but that of the chain.
     virtual void unbindLink() = 0;
@@ -80,9 +96,9 @@ class Expression : public Node {
     struct Extras {
         /// The tokens of a span that was set. One that was replaced is kept, since the expression around this
         /// one may refer to it.
-        std::forward_list<Token> tokens;
-        Token const* first = nullptr;
-        Token const* last = nullptr;
+        std::forward_list<CompactToken> tokens;
+        CompactToken const* first = nullptr;
+        CompactToken const* last = nullptr;
         std::weak_ptr<OperatorOverload> overload;
     };
 

@@ -43,7 +43,7 @@ VarAssignPtr MemberAccess::lookupDeclarationFromSegments(TokenVector const& segm
 void MemberAccess::unbindLink() { declaration_.reset(); }
 
 ExpressionPtr MemberAccess::cloneLink(ExpressionPtr chain_operand, Spans /*spans*/) const {
-    return create(std::move(chain_operand), name_token_);
+    return create(std::move(chain_operand), getNameToken());
 }
 
 } // namespace Slate

@@ -16,7 +16,12 @@ class MemberAccess : public ChainLink, public std::enable_shared_from_this<Membe
 
     void accept(NodeVisitor& visitor) override;
 
-    Token const& getNameToken() const { return name_token_; }
+    Token getNameToken() const { return name_token_.get(); }
+
+    /// That of the name token.
+    std::string_view getName() const { return name_token_.lexeme(); }
+
+    CompactToken const& getCompactNameToken() const { return name_token_; }
 
     ExpressionPtr const& getLhs() const { return getChainOperand(); }
 
@@ -43,7 +48,7 @@ class MemberAccess : public ChainLink, public std::enable_shared_from_this<Membe
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
   private:
-    Token const name_token_;
+    CompactToken const name_token_;
     std::weak_ptr<VarAssignment> declaration_;
 };
 

@@ -17,8 +17,8 @@ std::optional<std::string> nameOf(Node& member) {
     if (auto const method = member.asMethodDeclaration())
         return method->getName();
     auto const* const attribute = attributeIn(&member);
-    if (attribute != nullptr && attribute->getSegments().size() == 1)
-        return attribute->getSegments().front().lexeme;
+    if (attribute != nullptr && attribute->getPath().size() == 1)
+        return std::string(attribute->getPath().front().lexeme());
     return std::nullopt;
 }
 
@@ -136,7 +136,7 @@ vec<AnnotationPtr> ModelDeclaration::findModelAnnotations(std::string_view name)
     return found;
 }
 
-void ModelDeclaration::setIsNewSymbol(std::string const& symbol_path, NodePtr const& symbol) {
+void ModelDeclaration::setIsNewSymbol(std::string_view symbol_path, NodePtr const& symbol) {
     if (new_symbols_.empty())
         new_symbols_.reserve(members_.getAll().size()); // most members are such symbols
     new_symbols_.findOrAdd(symbol_path) = symbol;

@@ -142,7 +142,7 @@ class ModelDeclaration : public Type, public std::enable_shared_from_this<ModelD
     void clearExtendedSymbols() { extended_symbols_.clear(); }
 
     /// Records that this model introduces the symbol path.
-    void setIsNewSymbol(std::string const& symbol_path, NodePtr const& symbol);
+    void setIsNewSymbol(std::string_view symbol_path, NodePtr const& symbol);
 
     /// What `setIsNewSymbol` has recorded, in the order in which the paths were first met.
     NamedList<std::weak_ptr<Node>> const& getNewSymbols() const { return new_symbols_; }

@@ -22,7 +22,7 @@ std::optional<std::string> outerName(NodePtr const& member) {
         return method->getName();
     auto const attribute = member->asVarAssignment();
     if (attribute && attribute->isTopDeclaration())
-        return attribute->getSegments().front().lexeme;
+        return std::string(attribute->getPath().front().lexeme());
     return std::nullopt;
 }
 

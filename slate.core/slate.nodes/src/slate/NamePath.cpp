@@ -7,15 +7,15 @@
 
 namespace Slate {
 
-std::optional<vec<Token const*>> namePathOf(MemberAccess const& access) {
-    vec<Token const*> names;
+std::optional<vec<CompactToken const*>> namePathOf(MemberAccess const& access) {
+    vec<CompactToken const*> names;
     MemberAccessPtr inner; // keeps nothing alive that `access` does not
     for (auto const* link = &access; link != nullptr; link = inner.get()) {
-        names.push_back(&link->getNameToken());
+        names.push_back(&link->getCompactNameToken());
         auto const& lhs = link->getLhs();
         auto const constant = lhs ? lhs->asConstant() : nullptr;
-        if (constant && constant->getToken().type == TokenType::Identifier) {
-            names.push_back(&constant->getToken());
+        if (constant && constant->getTokenType() == TokenType::Identifier) {
+            names.push_back(&constant->getCompactToken());
             std::ranges::reverse(names);
             return names;
         }
@@ -24,13 +24,10 @@ std::optional<vec<Token const*>> namePathOf(MemberAccess const& access) {
     return std::nullopt;
 }
 
-std::string joinNames(vec<Token const*> const& names, std::size_t first, std::size_t end) {
+std::string joinNames(vec<CompactToken const*> const& names, std::size_t first, std::size_t end) {
     std::string text;
-    for (auto i = first; i < end; ++i) {
-        if (i > first)
-            text += '.';
-        text += names[i]->lexeme;
-    }
+    for (auto i = first; i < end; ++i)
+        text.append(i > first ? "." : "").append(names[i]->lexeme());
     return text;
 }
 

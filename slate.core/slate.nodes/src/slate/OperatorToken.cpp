@@ -1,6 +1,5 @@
 #include "slate/OperatorToken.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,24 +24,13 @@ std::string_view textOf(TokenType type) {
 } // namespace
 
 OperatorToken::OperatorToken(Token&& token)
-    : word_(1U | static_cast<std::uint64_t>(token.type) << type_place | token.column << column_place |
-            token.line << line_place) {
-    // What does not fit reads differently.
-    bool const says_all = type() == token.type && column() == token.column && line() == token.line &&
-                          textOf(token.type) == token.lexeme;
-    if (!says_all)
-        word_ = std::bit_cast<std::uintptr_t>(std::make_unique<Token const>(std::move(token)).release());
-}
-
-OperatorToken::~OperatorToken() {
-    if (!isPacked())
-        std::unique_ptr<Token const>(given()).reset();
-}
+    : word_(std::move(token),
+            textOf(token.type) == token.lexeme ? TokenWord::Text::LeftOut : TokenWord::Text::Kept) {}
 
 Token OperatorToken::get() const {
-    if (!isPacked())
-        return *given();
-    return {type(), std::string(textOf(type())), line(), column()};
+    if (auto const* const kept = word_.findKept())
+        return *kept;
+    return {type(), std::string(textOf(type())), word_.line(), word_.column()};
 }
 
 } // namespace Slate

@@ -23,8 +23,8 @@ Token PathStep::getToken() const {
     if (auto const annotation = node->asAnnotation())
         return annotation->getNameToken();
     auto const* const attribute = attributeIn(node.get());
-    if (attribute != nullptr && index_ < attribute->getSegments().size())
-        return attribute->getSegments()[index_];
+    if (attribute != nullptr && index_ < attribute->getPath().size())
+        return attribute->getPath()[index_].get();
     auto const trait = node->asTraitImpl();
     auto const target = trait ? trait->getTraitDeclaration() : nullptr;
     return target ? target->getNameToken() : Token::None();

@@ -10,7 +10,7 @@ PrimitiveTypePtr PrimitiveType::create(Kind kind) {
 
 void PrimitiveType::accept(NodeVisitor& visitor) { visitor.visitPrimitiveType(shared_from_this()); }
 
-std::string PrimitiveType::toString() const {
+std::string_view PrimitiveType::getName() const {
     switch (kind_) {
     case Kind::Real: return "Real";
     case Kind::Int: return "Int";
@@ -19,6 +19,8 @@ std::string PrimitiveType::toString() const {
     }
     return "<Unknown primitive type>";
 }
+
+std::string PrimitiveType::toString() const { return std::string(getName()); }
 
 std::string PrimitiveType::toKey() const { return toString(); }
 

@@ -3,6 +3,7 @@
 #include "slate/Type.h"
 
 #include <cstdint>
+#include <string_view>
 
 namespace Slate {
 
@@ -30,6 +31,9 @@ class PrimitiveType : public Type, public std::enable_shared_from_this<Primitive
     bool isAssignableTo(TypePtr const& other) const override;
 
     Kind getKind() const { return kind_; }
+
+    /// As sources write it.
+    std::string_view getName() const;
 
   private:
     Kind const kind_;

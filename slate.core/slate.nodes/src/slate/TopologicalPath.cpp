@@ -21,9 +21,9 @@ constexpr std::size_t few_edges = 8;
 
 ChainPtr addNode(ChainPtr chain, NodePtr const& node, ObjectPool* pool) {
     if (auto const* const attribute = attributeIn(node.get())) {
-        auto const& segments = attribute->getSegments();
+        auto const& segments = attribute->getPath();
         for (std::size_t i = 0; i < segments.size(); ++i)
-            chain = ObjectPool::makeIn<Chain const>(pool, std::move(chain), node, segments[i].lexeme, i);
+            chain = ObjectPool::makeIn<Chain const>(pool, std::move(chain), node, segments[i].lexeme(), i);
         return chain;
     }
     auto const annotation = node->asAnnotation();

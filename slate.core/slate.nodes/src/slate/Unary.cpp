@@ -13,7 +13,7 @@ Unary::Unary(CreateKey, Token&& operator_token, ExpressionPtr&& operand)
     : Expression(NodeType::Unary),
       operator_token_(std::move(operator_token)),
       operand_(std::move(operand)),
-      last_token_(&operand_->getLastToken()) {}
+      last_token_(&lastTokenOf(*operand_)) {}
 
 void Unary::accept(NodeVisitor& visitor) { visitor.visitUnary(shared_from_this()); }
 
@@ -23,7 +23,7 @@ void Unary::unbindLink() {
 }
 
 ExpressionPtr Unary::cloneLink(ExpressionPtr /*chain_operand*/, Spans spans) const {
-    return create(operator_token_, operand_->cloneWith(spans));
+    return create(getOperatorToken(), operand_->cloneWith(spans));
 }
 
 } // namespace Slate

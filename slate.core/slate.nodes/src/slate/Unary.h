@@ -16,7 +16,7 @@ class Unary : public Expression, public std::enable_shared_from_this<Unary> {
 
     void accept(NodeVisitor& visitor) override;
 
-    Token const& getOperatorToken() const { return operator_token_; }
+    Token getOperatorToken() const { return operator_token_.get(); }
 
     ExpressionPtr const& getOperand() const { return operand_; }
 
@@ -26,17 +26,17 @@ class Unary : public Expression, public std::enable_shared_from_this<Unary> {
     void setOverload(OpOverloadPtr const& overload) { setOverloadLink(overload); }
 
   protected:
-    Token const* getOwnFirstToken() const override { return &operator_token_; }
+    CompactToken const* getOwnFirstToken() const override { return &operator_token_; }
 
-    Token const* getOwnLastToken() const override { return last_token_; }
+    CompactToken const* getOwnLastToken() const override { return last_token_; }
 
     void unbindLink() override;
     ExpressionPtr cloneLink(ExpressionPtr chain_operand, Spans spans) const override;
 
   private:
-    Token const operator_token_;
+    CompactToken const operator_token_;
     ExpressionPtr const operand_;
-    Token const* const last_token_; // of the operand
+    CompactToken const* const last_token_; // of the operand
 };
 
 } // namespace Slate

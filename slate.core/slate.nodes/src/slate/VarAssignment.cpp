@@ -16,21 +16,28 @@ namespace Slate {
 VarAssignPtr VarAssignment::create(TokenVector segments, Token operator_token, TokenVector type_segments,
                                    vec<AnnotationPtr> annotations, vec<VarAssignPtr> members,
                                    ExpressionPtr value, ObjectPool* pool) {
-    return ObjectPool::makeIn<VarAssignment>(pool, CreateKey(), std::move(segments),
-                                             std::move(operator_token), std::move(type_segments),
-                                             std::move(annotations), std::move(members), std::move(value));
+    return create(CompactPath(segments), std::move(operator_token), CompactPath(type_segments),
+                  std::move(annotations), std::move(members), std::move(value), pool);
 }
 
-VarAssignment::VarAssignment(CreateKey, TokenVector&& segments, Token&& operator_token,
-                             TokenVector&& type_segments, vec<AnnotationPtr>&& annotations,
-                             vec<VarAssignPtr>&& members, ExpressionPtr&& value)
+VarAssignPtr VarAssignment::create(CompactPath path, Token operator_token, CompactPath type_path,
+                                   vec<AnnotationPtr> annotations, vec<VarAssignPtr> members,
+                                   ExpressionPtr value, ObjectPool* pool) {
+    return ObjectPool::makeIn<VarAssignment>(pool, CreateKey(), std::move(path), std::move(operator_token),
+                                             std::move(type_path), std::move(annotations), std::move(members),
+                                             std::move(value));
+}
+
+VarAssignment::VarAssignment(CreateKey, CompactPath&& path, Token&& operator_token, CompactPath&& type_path,
+                             vec<AnnotationPtr>&& annotations, vec<VarAssignPtr>&& members,
+                             ExpressionPtr&& value)
     : Node(NodeType::VarAssignment),
-      segments_(std::move(segments)),
+      path_(std::move(path)),
       extras_(annotations.empty() && members.empty()
                   ? nullptr
                   : std::make_unique<Extras>(Extras{std::move(annotations), std::move(members)})),
       value_(std::move(value)),
-      type_segments_(std::move(type_segments)),
+      type_path_(std::move(type_path)),
       operator_token_(std::move(operator_token)) {}
 
 VarAssignment::Extras const& VarAssignment::noExtras() {
@@ -87,8 +94,8 @@ VarAssignPtr VarAssignment::copy() const {
         members.push_back(member->copy());
 
     auto result =
-        create(segments_, getOperatorToken(), type_segments_, std::move(annotations), std::move(members),
-               value_ ? value_->cloneWith(Expression::Spans::OfSources) : nullptr);
+        create(getSegments(), getOperatorToken(), getTypeSegments(), std::move(annotations),
+               std::move(members), value_ ? value_->cloneWith(Expression::Spans::OfSources) : nullptr);
     result->is_value_supplied_ = is_value_supplied_;
     result->type_ = type_;
     result->owning_document_ = owning_document_;
@@ -102,17 +109,15 @@ VarAssignPtr VarAssignment::copy() const {
     return result;
 }
 
-std::string VarAssignment::getName() const { return segmentsAsString(segments_); }
+std::string VarAssignment::getName() const { return path_.toString(); }
 
-std::string VarAssignment::getNameUpTo(std::size_t index) const {
-    return segmentsUpToAsString(segments_, index);
-}
+std::string VarAssignment::getNameUpTo(std::size_t index) const { return path_.toString(index); }
 
 std::string VarAssignment::getNameWithNamespace(std::string const& separator) const {
     auto const document = owning_document_.lock();
-    if (!document || !isTopLevel() || segments_.size() != 1)
+    if (!document || !isTopLevel() || path_.size() != 1)
         return {};
-    return document->joinNamespace(separator) + separator + segments_.front().lexeme;
+    return (document->joinNamespace(separator) + separator).append(path_.front().lexeme());
 }
 
 std::string VarAssignment::getSourceId() const {
@@ -176,11 +181,11 @@ void VarAssignment::setTargetsItself() {
 }
 
 bool VarAssignment::isTopDeclaration() const {
-    return !isTopLevel() && !hasParent() && segments_.size() == 1 && isDeclaration();
+    return !isTopLevel() && !hasParent() && path_.size() == 1 && isDeclaration();
 }
 
 bool VarAssignment::isNestedDeclaration() const {
-    bool const stands_nested = hasParent() || segments_.size() > 1;
+    bool const stands_nested = hasParent() || path_.size() > 1;
     return stands_nested && (getOperatorType() != TokenType::None || isDeclaration());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "slate/CompactPath.h"
 #include "slate/Expression.h"
 #include "slate/OperatorToken.h"
 
@@ -16,8 +17,11 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     static VarAssignPtr create(TokenVector segments, Token operator_token, TokenVector type_segments,
                                vec<AnnotationPtr> annotations, vec<VarAssignPtr> members, ExpressionPtr value,
                                ObjectPool* pool = nullptr);
+    static VarAssignPtr create(CompactPath path, Token operator_token, CompactPath type_path,
+                               vec<AnnotationPtr> annotations, vec<VarAssignPtr> members, ExpressionPtr value,
+                               ObjectPool* pool = nullptr);
 
-    VarAssignment(CreateKey, TokenVector&& segments, Token&& operator_token, TokenVector&& type_segments,
+    VarAssignment(CreateKey, CompactPath&& path, Token&& operator_token, CompactPath&& type_path,
                   vec<AnnotationPtr>&& annotations, vec<VarAssignPtr>&& members, ExpressionPtr&& value);
 
     VarAssignPtr asVarAssignment() override { return shared_from_this(); }
@@ -26,7 +30,10 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     void unbind() override;
 
     /// The target path, `a` or `a.b.c`.
-    TokenVector const& getSegments() const { return segments_; }
+    TokenVector getSegments() const { return path_.getTokens(); }
+
+    /// The same path as it is kept.
+    CompactPath const& getPath() const { return path_; }
 
     /// `is`, `becomes` or `None`.
     Token getOperatorToken() const { return operator_token_.get(); }
@@ -35,7 +42,10 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     TokenType getOperatorType() const { return operator_token_.type(); }
 
     /// The declared type; may end in the two tokens `[` and `]`; empty without one.
-    TokenVector const& getTypeSegments() const { return type_segments_; }
+    TokenVector getTypeSegments() const { return type_path_.getTokens(); }
+
+    /// The same path as it is kept.
+    CompactPath const& getTypePath() const { return type_path_; }
 
     vec<AnnotationPtr> const& getAnnotations() const;
 
@@ -99,7 +109,7 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
 
     void setParent(VarAssignPtr const& parent);
 
-    bool isDeclaration() const { return !type_segments_.empty(); }
+    bool isDeclaration() const { return !type_path_.empty(); }
 
     bool isTopLevel() const { return owning_model_.expired(); }
 
@@ -141,7 +151,7 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
 
     // What most walks over attributes ask for comes first: these walks wait for memory more than for anything
     // else.
-    TokenVector const segments_;
+    CompactPath const path_;
     std::unique_ptr<Extras> extras_;
     ExpressionPtr value_;
     [[no_unique_address]] TypeLink type_; // the next two stand in its padding
@@ -149,7 +159,7 @@ class VarAssignment : public Node, public std::enable_shared_from_this<VarAssign
     bool is_value_supplied_ = false;
     std::weak_ptr<ModelDeclaration> owning_model_;
     std::weak_ptr<Document> owning_document_;
-    TokenVector const type_segments_;
+    CompactPath const type_path_;
     OperatorToken const operator_token_;
 };
 

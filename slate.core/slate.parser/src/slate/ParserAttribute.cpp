@@ -9,6 +9,13 @@
 
 namespace Slate {
 
+namespace {
+
+/// An attribute has two paths, and seldom another one stands in its body.
+constexpr std::size_t enough_spare = 8;
+
+} // namespace
+
 /// Is this the name that begins an attribute? The line of the next token does not matter.
 bool ParserImpl::isAttributeAhead() const {
     if (peekType() != TokenType::Identifier)
@@ -58,8 +65,8 @@ VarAssignPtr ParserImpl::parseAttribute() {
     }
     if (!value && type_segments.empty() && body.members.empty() && body.annotations.empty())
         return {};
-    return VarAssignment::create(std::move(target.segments), std::move(operator_token),
-                                 std::move(type_segments), std::move(body.annotations),
+    return VarAssignment::create(compact(std::move(target.segments)), std::move(operator_token),
+                                 compact(std::move(type_segments)), std::move(body.annotations),
                                  std::move(body.members), std::move(value), &pool_);
 }
 
@@ -126,10 +133,24 @@ ExpressionPtr ParserImpl::parseValue(line_t line, col_t column) {
     return {};
 }
 
+/// Keeps the room of the tokens for later paths.
+CompactPath ParserImpl::compact(TokenVector segments) {
+    CompactPath path(segments);
+    if (segments.capacity() > 0 && spare_.size() < enough_spare) {
+        segments.clear();
+        spare_.push_back(std::move(segments));
+    }
+    return path;
+}
+
 /// Names with dots between them. Behind a name without a dot it goes on as long as another name stands on the
 /// line.
 ParserImpl::Path ParserImpl::parseSegments(line_t line) {
     Path path;
+    if (!spare_.empty()) {
+        path.segments = std::move(spare_.back());
+        spare_.pop_back();
+    }
     while (check(TokenType::Identifier, line)) {
         path.segments.push_back(consume());
         if (!match(TokenType::Dot, line))

@@ -2,6 +2,7 @@
 
 // Internal to the parser.
 
+#include "slate/CompactPath.h"
 #include "slate/ErrorReporter.h"
 #include "slate/Expression.h"
 #include "slate/Scanner.h"
@@ -184,6 +185,7 @@ class ParserImpl {
     ExpressionPtr parseValue(line_t line, col_t column);
     Path parseSegments(line_t line);
     Path parseTypePath(line_t line);
+    CompactPath compact(TokenVector segments);
 
     // Expressions. `line` is the line reached so far: each token consumed sets it to its own.
 
@@ -218,7 +220,8 @@ class ParserImpl {
     std::string const& source_id_;
     ErrorReporter& error_reporter_;
     ObjectPool& pool_;
-    Errors errors_; // of the parser, until the scanner is through
+    std::vector<TokenVector> spare_; // empty ones with room
+    Errors errors_;                  // of the parser, until the scanner is through
 };
 
 } // namespace Slate

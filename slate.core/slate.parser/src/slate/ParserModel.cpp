@@ -22,13 +22,13 @@ constexpr col_t width_of_fn = 3;
 
 bool isNumber(Expression& expression) {
     auto const constant = expression.asConstant();
-    return constant && constant->getToken().type == TokenType::Number;
+    return constant && constant->getTokenType() == TokenType::Number;
 }
 
 /// A constant that is no name, or a number behind a minus.
 bool isLiteral(Expression& expression) {
     if (auto const constant = expression.asConstant())
-        return constant->getToken().type != TokenType::Identifier;
+        return constant->getTokenType() != TokenType::Identifier;
     auto const unary = expression.asUnary();
     return unary && isNumber(*unary->getOperand());
 }

@@ -136,8 +136,8 @@ NodePtr ParserImpl::parseTopLevelVariable(ModelHead head, Token is_token, Token 
     auto value = parseTopLevelValue(head.name_token, colon_token);
     TokenVector segments;
     segments.push_back(std::move(head.name_token));
-    return VarAssignment::create(std::move(segments), std::move(is_token), std::move(head.parent_segments),
-                                 {}, {}, std::move(value), &pool_);
+    return VarAssignment::create(compact(std::move(segments)), std::move(is_token),
+                                 compact(std::move(head.parent_segments)), {}, {}, std::move(value), &pool_);
 }
 
 ExpressionPtr ParserImpl::parseTopLevelValue(Token const& name_token, Token const& colon_token) {

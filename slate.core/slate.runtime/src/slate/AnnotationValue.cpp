@@ -10,8 +10,8 @@ namespace Slate::Core {
 namespace {
 
 Any literalValue(Constant const& literal) {
-    switch (literal.getToken().type) {
-    case TokenType::Number: return Any(RealText(literal.getToken().lexeme).value);
+    switch (literal.getTokenType()) {
+    case TokenType::Number: return Any(RealText(literal.getLexeme()).value);
     case TokenType::True: return Any(true);
     case TokenType::False: return Any(false);
     case TokenType::String:

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <limits>
 #include <memory>
+#include <string>
 #include <type_traits>
 
 namespace Slate::Core {
@@ -21,7 +22,7 @@ using Locale = std::unique_ptr<std::remove_pointer_t<locale_t>, FreeLocale>;
 
 } // namespace
 
-RealText::RealText(std::string const& text) {
+RealText::RealText(std::string_view text) {
     auto const [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
     is_number = failure != std::errc::invalid_argument;
     fits = is_number && failure != std::errc::result_out_of_range;
@@ -31,7 +32,7 @@ RealText::RealText(std::string const& text) {
         return;
     Locale const c_locale(newlocale(LC_ALL_MASK, "C", nullptr));
     errno = 0;
-    value = strtod_l(text.c_str(), nullptr, c_locale.get());
+    value = strtod_l(std::string(text).c_str(), nullptr, c_locale.get());
     fits = errno != ERANGE;
 }
 

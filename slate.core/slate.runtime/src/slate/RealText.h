@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <string_view>
 
 namespace Slate::Core {
 
@@ -16,7 +16,7 @@ struct RealText {
     /// False for what is too large, and for what loses digits because it is too small.
     bool fits = false;
 
-    explicit RealText(std::string const& text);
+    explicit RealText(std::string_view text);
 };
 
 } // namespace Slate::Core

@@ -58,7 +58,7 @@ void MoveAndRenameModelVisitor::visitMemberAccess(MemberAccessPtr const& node) {
     if (isTheConstant(node->getType()) && !node->getDeclaration()) {
         auto const names = namePathOf(*node);
         if (names && isNameOfModel(*names)) {
-            replace(*names->front(), *names->back(), new_full_name_);
+            replace(names->front()->get(), names->back()->get(), new_full_name_);
             return;
         }
     }
@@ -74,13 +74,13 @@ void MoveAndRenameModelVisitor::visitCall(CallPtr const& node) {
 }
 
 void MoveAndRenameModelVisitor::replaceModelOfCallee(Expression& object) {
-    vec<Token const*> names;
+    vec<CompactToken const*> names;
     if (auto const access = object.asMemberAccess())
         names = namePathOf(*access).value_or(names);
     else if (auto const constant = object.asConstant())
-        names = {&constant->getToken()};
+        names = {&constant->getCompactToken()};
     if (!names.empty() && isNameOfModel(names))
-        replace(*names.front(), *names.back(), new_full_name_);
+        replace(names.front()->get(), names.back()->get(), new_full_name_);
 }
 
 void MoveAndRenameModelVisitor::replaceSegments(TypePtr const& type, TokenVector const& segments) {
@@ -105,7 +105,7 @@ bool MoveAndRenameModelVisitor::isTheConstant(NodePtr const& node) const {
     return model && model->isConst() && isFullName(old_name_, *model);
 }
 
-bool MoveAndRenameModelVisitor::isNameOfModel(vec<Token const*> const& names) const {
+bool MoveAndRenameModelVisitor::isNameOfModel(vec<CompactToken const*> const& names) const {
     auto const meant = getDocument() ? getDocument()->nsLookup(joinNames(names, names.size())) : nullptr;
     return meant && meant->isModelDeclaration();
 }

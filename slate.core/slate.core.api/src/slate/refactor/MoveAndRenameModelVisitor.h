@@ -1,5 +1,6 @@
 #pragma once
 
+#include "slate/CompactToken.h"
 #include "slate/Token.h"
 #include "slate/refactor/ExpressionWalk.h"
 
@@ -38,7 +39,7 @@ class MoveAndRenameModelVisitor : public ExpressionWalk {
 
     /// Do these names mean a model in the current document? An attribute or variable of the same type is
     /// none.
-    bool isNameOfModel(vec<Token const*> const& names) const;
+    bool isNameOfModel(vec<CompactToken const*> const& names) const;
 
     std::string old_name_;
     std::string new_name_;

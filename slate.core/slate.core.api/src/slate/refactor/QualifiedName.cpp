@@ -29,8 +29,8 @@ bool isFullName(std::string_view full_name, ModelDeclaration const& model) {
 }
 
 bool isFullName(std::string_view full_name, VarAssignment const& attribute) {
-    auto const& segments = attribute.getSegments();
-    return !segments.empty() && full_name.ends_with(segments.back().lexeme) &&
+    auto const& path = attribute.getPath();
+    return !path.empty() && full_name.ends_with(path.back().lexeme()) &&
            isFullName(full_name, attribute.getOwningModel().get(), attribute.getName());
 }
 

@@ -21,11 +21,11 @@ void RenameAttributeVisitor::visitModelDeclaration(ModelDeclPtr const& node) {
 }
 
 void RenameAttributeVisitor::visitVarAssignment(VarAssignPtr const& node) {
-    auto const& segments = node->getSegments();
+    auto const& path = node->getPath();
     auto const declarations = node->getTargetDeclarations();
-    for (std::size_t i = 0; i < std::min(segments.size(), declarations.size()); ++i) {
+    for (std::size_t i = 0; i < std::min(path.size(), declarations.size()); ++i) {
         if (isTheAttribute(declarations[i]))
-            replace(segments[i], new_name_);
+            replace(path[i].get(), new_name_);
     }
     walkValueOf(*node);
     acceptAll(node->getMembers());

@@ -83,7 +83,7 @@ class RestVisitor : public NodeVisitor {
     void visitMemberAccess(MemberAccessPtr const& node) override {
         // A dot behind a number would be one of its digits.
         auto const constant = node->getLhs()->asConstant();
-        bool const is_behind_number = constant && constant->getToken().type == TokenType::Number;
+        bool const is_behind_number = constant && constant->getTokenType() == TokenType::Number;
         out_ += (is_behind_number ? " ." : ".") + printName(node->getNameToken());
     }
 

@@ -36,7 +36,7 @@ Meaning meaningOfGlobal(NodePtr const& global) {
     return variable ? meaningOf(variable) : Meaning{global, global ? global->asType() : nullptr};
 }
 
-NodePtr findMethod(ModelDeclPtr const& model, std::string const& name) {
+NodePtr findMethod(ModelDeclPtr const& model, std::string_view name) {
     if (!model)
         return {};
     if (auto method = model->findFirstMemberOfType(name, NodeType::MethodDeclaration))
@@ -70,7 +70,7 @@ class TraitScope {
   private:
     Meaning extend(Meaning const& operand, Expression& link) const {
         if (auto const constant = link.asConstant())
-            return findName(constant->getToken());
+            return findName(*constant);
         if (auto const access = link.asMemberAccess())
             return findMember(operand.type, *access);
         if (auto const call = link.asCall())
@@ -80,14 +80,15 @@ class TraitScope {
         return {nullptr, element ? element->asType() : nullptr};
     }
 
-    Meaning findName(Token const& token) const {
-        if (token.type != TokenType::Identifier)
+    Meaning findName(Constant const& constant) const {
+        if (constant.getTokenType() != TokenType::Identifier)
             return {};
-        if (token.lexeme == "this")
+        auto const name = constant.getLexeme();
+        if (name == "this")
             return {nullptr, trait_.asType()};
-        if (auto const global = document_.nsLookupConstOrVar(token.lexeme))
+        if (auto const global = document_.nsLookupConstOrVar(name))
             return meaningOfGlobal(global);
-        return meaningOf(trait_.lookupDeclarationWithTraits(token.lexeme));
+        return meaningOf(trait_.lookupDeclarationWithTraits(name));
     }
 
     Meaning findMember(TypePtr const& operand, MemberAccess const& access) const {
@@ -97,8 +98,7 @@ class TraitScope {
                 return meaningOfGlobal(global);
         }
         auto const model = modelOf(operand);
-        return model ? meaningOf(model->lookupDeclarationWithTraits(access.getNameToken().lexeme))
-                     : Meaning();
+        return model ? meaningOf(model->lookupDeclarationWithTraits(access.getName())) : Meaning();
     }
 
     /// `operand`: the type of what stands in front of the name of the method.
@@ -106,9 +106,9 @@ class TraitScope {
         auto const& callee = call.getCallee();
         NodePtr method;
         if (auto const access = callee ? callee->asMemberAccess() : nullptr)
-            method = findMethod(modelInFrontOf(*access, operand), access->getNameToken().lexeme);
+            method = findMethod(modelInFrontOf(*access, operand), access->getName());
         else if (auto const constant = callee ? callee->asConstant() : nullptr)
-            method = findMethod(trait_.asModelDeclaration(), constant->getToken().lexeme);
+            method = findMethod(trait_.asModelDeclaration(), constant->getLexeme());
         return {method, method ? method->asMethodDeclaration()->getReturnType() : nullptr};
     }
 
@@ -134,14 +134,14 @@ NodePtr targetInTrait(ModelDeclaration& trait, Document const& document, NodePtr
 }
 
 VarAssignPtr segmentTargetInTrait(VarAssignPtr const& attribute, std::size_t index) {
-    vec<std::string> names; // innermost first
+    vec<std::string_view> names; // innermost first
     for (auto i = index + 1; i > 0; --i)
-        names.push_back(attribute->getSegments()[i - 1].lexeme);
+        names.push_back(attribute->getPath()[i - 1].lexeme());
     auto model = attribute->getOwningModel();
     for (auto outer = attribute->getParent(); outer; outer = outer->getParent()) {
-        auto const& segments = outer->getSegments();
-        std::transform(segments.rbegin(), segments.rend(), std::back_inserter(names),
-                       [](Token const& segment) { return segment.lexeme; });
+        auto const& path = outer->getPath();
+        for (auto i = path.size(); i > 0; --i)
+            names.push_back(path[i - 1].lexeme());
         model = outer->getOwningModel();
     }
     VarAssignPtr found;

@@ -103,8 +103,8 @@ void TreeIndex::addMembers(vec<NodePtr> const& members, std::string const& sourc
 
 // The parser bounds how deep bodies stand inside one another.
 void TreeIndex::addAttribute(VarAssignPtr const& attribute, std::string const& source_id) {
-    if (!attribute->getSegments().empty())
-        add(source_id, attribute->getSegments().front().position(), attribute);
+    if (!attribute->getPath().empty())
+        add(source_id, attribute->getPath().front().position(), attribute);
     for (auto const& nested : attribute->getMembers())
         addAttribute(nested, source_id);
 }
@@ -181,8 +181,8 @@ TreeIndex::Expressions TreeIndex::collect(ExpressionPtr const& value) {
     while (!open.empty()) {
         auto const expression = std::move(open.back());
         open.pop_back();
-        auto const& token = expression->getFirstToken();
-        expressions.by_place[{token.line, token.column}].push_back(expression);
+        auto const begin = expression->getBegin();
+        expressions.by_place[{begin.line, begin.column}].push_back(expression);
         for (auto& operand : operandsOf(*expression)) {
             if (!operand)
                 continue;

@@ -134,12 +134,12 @@ SourceRange TreeNode::getRange() const {
         return getNameRange();
     if (part_ == Part::TypePath) {
         // The brackets of an array stand behind the path.
-        auto const& tokens = *typePathOf(*node_).tokens;
+        auto const tokens = typePathOf(*node_).tokens;
         return rangeOf(tokens.front().position(), view_->endOf(tokens.back(), document_.get()));
     }
     auto const node = subject();
-    auto const* const last = lastTokenOf(*node);
-    auto end = last == nullptr ? Position() : view_->endOf(*last, document_.get());
+    auto const last = lastTokenOf(*node);
+    auto end = last ? view_->endOf(*last, document_.get()) : Position();
     if (auto const document = node->asDocument()) {
         auto const end_of_text = view_->endOfText(*document);
         end = end_of_text.line == 0 ? end : end_of_text;
@@ -215,9 +215,9 @@ NodePtr TreeNode::subject() const {
     return call ? NodePtr(call->getCallee()) : node_;
 }
 
-TokenVector const& TreeNode::pathTokens() const {
+TokenVector TreeNode::pathTokens() const {
     bool const is_type = part_ == Part::TypePath || part_ == Part::TypeSegment;
-    return is_type ? *typePathOf(*node_).tokens : segmentsOf(*node_);
+    return is_type ? typePathOf(*node_).tokens : segmentsOf(*node_);
 }
 
 TokenVector TreeNode::nameTokens() const {
@@ -225,7 +225,7 @@ TokenVector TreeNode::nameTokens() const {
         return {pathTokens()[index_]};
     auto const type_path = typePathOf(*node_);
     if (part_ == Part::TypePath || node_->isTraitImpl()) {
-        auto const& tokens = *type_path.tokens;
+        auto const& tokens = type_path.tokens;
         return {tokens.begin(), tokens.begin() + static_cast<std::ptrdiff_t>(type_path.size)};
     }
     if (node_->isVarAssignment() || node_->isDeletion())

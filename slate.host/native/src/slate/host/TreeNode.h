@@ -137,7 +137,7 @@ class TreeNode {
     NodePtr subject() const;
 
     /// The names of the path that this is, or that this is a name of.
-    TokenVector const& pathTokens() const;
+    TokenVector pathTokens() const;
 
     TokenVector nameTokens() const;
     SourceRange rangeOf(Position begin, Position end) const;

@@ -35,7 +35,7 @@ vec<NodePtr> parametersOf(Node& node) {
 
 /// Does the first name of a target path only declare what it names?
 bool onlyDeclares(VarAssignment const& attribute) {
-    return attribute.getOperatorType() == TokenType::Is && attribute.getSegments().size() == 1;
+    return attribute.getOperatorType() == TokenType::Is && attribute.getPath().size() == 1;
 }
 
 vec<NodePtr> operandsOf(Node& node) {

@@ -53,7 +53,7 @@ std::string textOf(TypePtr type) {
 /// The names of an expression that is a path of names; empty for all else.
 std::string namesOf(Node& node) {
     if (auto const constant = node.asConstant())
-        return constant->getToken().lexeme;
+        return std::string(constant->getLexeme());
     auto const access = node.asMemberAccess();
     auto const names = access ? namePathOf(*access) : std::nullopt;
     return names ? joinNames(*names, names->size()) : std::string();

@@ -20,15 +20,11 @@ namespace Slate::Host {
 
 namespace {
 
-TokenVector const& noTokens() {
-    static TokenVector const none;
-    return none;
-}
-
-TypePath withoutBrackets(TokenVector const& tokens) {
+TypePath withoutBrackets(TokenVector tokens) {
     constexpr std::size_t bracket_count = 2;
     bool const is_array = tokens.size() > bracket_count && tokens.back().type == TokenType::RightBracket;
-    return {&tokens, is_array ? tokens.size() - bracket_count : tokens.size()};
+    auto const size = is_array ? tokens.size() - bracket_count : tokens.size();
+    return {std::move(tokens), size};
 }
 
 DocPtr documentOfModel(ModelDeclPtr const& model) { return model ? model->getOwningDocument() : nullptr; }
@@ -43,62 +39,45 @@ DocPtr documentOfAttribute(VarAssignPtr attribute) {
     return {};
 }
 
-Token const* firstOf(TokenVector const& tokens) { return tokens.empty() ? nullptr : &tokens.front(); }
+template <typename Path>
+Position beginOfPath(Path const& path) {
+    return path.empty() ? Position() : path.front().position();
+}
 
-Token const* lastOf(TokenVector const& tokens) { return tokens.empty() ? nullptr : &tokens.back(); }
-
-Token const* presentToken(Token const& token) { return token.type == TokenType::None ? nullptr : &token; }
-
-Token const* either(Token const* first, Token const& second) { return first != nullptr ? first : &second; }
+/// Of an optional token and the one behind it.
+Position beginOfEither(Token const& optional, Token const& present) {
+    return (optional.type == TokenType::None ? present : optional).position();
+}
 
 Expression const* asExpression(Node& node) { return dynamic_cast<Expression const*>(&node); }
 
-Token const* firstTokenOf(Node& node) {
-    switch (node.getNodeType()) {
-    case NodeType::ModelDeclaration: {
-        auto const model = node.asModelDeclaration();
-        return either(presentToken(model->getQualifierToken()), model->getNameToken());
-    }
-    case NodeType::MethodDeclaration: {
-        auto const method = node.asMethodDeclaration();
-        return either(presentToken(method->getStaticToken()), method->getNameToken());
-    }
-    case NodeType::VarAssignment: return firstOf(node.asVarAssignment()->getSegments());
-    case NodeType::Deletion: return firstOf(node.asDeletion()->getSegments());
-    case NodeType::TraitImpl: return firstOf(node.asTraitImpl()->getSegments());
-    case NodeType::OperatorOverload: return &node.asOperatorOverload()->getOperatorToken();
-    case NodeType::Parameter: return &node.asParameter()->getNameToken();
-    case NodeType::Annotation: return &node.asAnnotation()->getNameToken();
-    case NodeType::Import: return &node.asImport()->getPathToken();
-    default: break;
-    }
-    auto const* const expression = asExpression(node);
-    return expression == nullptr ? nullptr : &expression->getFirstToken();
+std::optional<Token> lastOf(TokenVector const& tokens) {
+    return tokens.empty() ? std::nullopt : std::optional(tokens.back());
 }
 
 /// The last of those that are there; they come in source order.
-Token const* lastPresent(std::initializer_list<Token const*> tokens) {
-    Token const* last = nullptr;
-    for (auto const* const token : tokens)
-        last = token != nullptr ? token : last;
+std::optional<Token> lastPresent(std::initializer_list<std::optional<Token>> tokens) {
+    std::optional<Token> last;
+    for (auto const& token : tokens)
+        last = token ? token : last;
     return last;
 }
 
-Token const* lastTokenOfSignature(Token const& name, vec<ParamPtr> const& parameters,
-                                  TokenVector const& return_segments) {
-    auto const* const of_parameters =
-        parameters.empty() ? nullptr : lastOf(parameters.back()->getTypeSegments());
-    return lastPresent({&name, of_parameters, lastOf(return_segments)});
+std::optional<Token> lastTokenOfSignature(Token const& name, vec<ParamPtr> const& parameters,
+                                          TokenVector const& return_segments) {
+    auto const of_parameters =
+        parameters.empty() ? std::nullopt : lastOf(parameters.back()->getTypeSegments());
+    return lastPresent({name, of_parameters, lastOf(return_segments)});
 }
 
 /// Without what stands in a body.
-Token const* lastOwnTokenOf(Node& node) {
+std::optional<Token> lastOwnTokenOf(Node& node) {
     if (auto const model = node.asModelDeclaration())
-        return lastPresent({&model->getNameToken(), lastOf(model->getExtendsSegments())});
+        return lastPresent({model->getNameToken(), lastOf(model->getExtendsSegments())});
     if (auto const attribute = node.asVarAssignment()) {
-        bool const has_value = attribute->getValue() && !attribute->isValueSupplied();
-        return lastPresent({lastOf(attribute->getSegments()), lastOf(attribute->getTypeSegments()),
-                            has_value ? &attribute->getValue()->getLastToken() : nullptr});
+        if (attribute->getValue() && !attribute->isValueSupplied())
+            return attribute->getValue()->getLastToken();
+        return lastPresent({lastOf(attribute->getSegments()), lastOf(attribute->getTypeSegments())});
     }
     if (auto const method = node.asMethodDeclaration())
         return lastTokenOfSignature(method->getNameToken(), method->getParameters(),
@@ -107,17 +86,17 @@ Token const* lastOwnTokenOf(Node& node) {
         return lastTokenOfSignature(overload->getOperatorToken(), overload->getParameters(),
                                     overload->getReturnSegments());
     if (auto const parameter = node.asParameter())
-        return lastPresent({&parameter->getNameToken(), lastOf(parameter->getTypeSegments())});
+        return lastPresent({parameter->getNameToken(), lastOf(parameter->getTypeSegments())});
     if (auto const annotation = node.asAnnotation())
-        return annotation->getValue() ? &annotation->getValue()->getLastToken() : &annotation->getNameToken();
+        return annotation->getValue() ? annotation->getValue()->getLastToken() : annotation->getNameToken();
     if (auto const import_node = node.asImport())
-        return lastPresent({&import_node->getPathToken(), lastOf(import_node->getAliasSegments())});
+        return lastPresent({import_node->getPathToken(), lastOf(import_node->getAliasSegments())});
     if (auto const entry = node.asTraitImpl())
         return lastOf(entry->getSegments());
     if (auto const deletion = node.asDeletion())
         return lastOf(deletion->getSegments());
     auto const* const expression = asExpression(node);
-    return expression == nullptr ? nullptr : &expression->getLastToken();
+    return expression == nullptr ? std::nullopt : std::optional(expression->getLastToken());
 }
 
 template <typename Element>
@@ -173,9 +152,9 @@ NodePtr originalOf(NodePtr const& node) {
 
 TypePath typePathOf(Node& node) {
     if (auto const model = node.asModelDeclaration())
-        return {&model->getExtendsSegments(), model->getExtendsSegments().size()};
+        return {model->getExtendsSegments(), model->getExtendsSegments().size()};
     if (auto const entry = node.asTraitImpl())
-        return {&entry->getSegments(), entry->getSegments().size()};
+        return {entry->getSegments(), entry->getSegments().size()};
     if (auto const attribute = node.asVarAssignment())
         return withoutBrackets(attribute->getTypeSegments());
     if (auto const parameter = node.asParameter())
@@ -184,17 +163,17 @@ TypePath typePathOf(Node& node) {
         return withoutBrackets(method->getReturnSegments());
     if (auto const overload = node.asOperatorOverload())
         return withoutBrackets(overload->getReturnSegments());
-    return {&noTokens(), 0};
+    return {};
 }
 
-TokenVector const& segmentsOf(Node& node) {
+TokenVector segmentsOf(Node& node) {
     if (auto const attribute = node.asVarAssignment())
         return attribute->getSegments();
     if (auto const deletion = node.asDeletion())
         return deletion->getSegments();
     if (auto const import_node = node.asImport())
         return import_node->getAliasSegments();
-    return noTokens();
+    return {};
 }
 
 TypePtr typeAtPath(Node& node) {
@@ -214,18 +193,35 @@ TypePtr typeAtPath(Node& node) {
 }
 
 Position beginOf(Node& node) {
-    if (node.isDocument())
-        return {1, 1};
-    auto const* const token = firstTokenOf(node);
-    return token == nullptr ? Position() : token->position();
+    switch (node.getNodeType()) {
+    case NodeType::Document: return {1, 1};
+    case NodeType::ModelDeclaration: {
+        auto const model = node.asModelDeclaration();
+        return beginOfEither(model->getQualifierToken(), model->getNameToken());
+    }
+    case NodeType::MethodDeclaration: {
+        auto const method = node.asMethodDeclaration();
+        return beginOfEither(method->getStaticToken(), method->getNameToken());
+    }
+    case NodeType::VarAssignment: return beginOfPath(node.asVarAssignment()->getPath());
+    case NodeType::Deletion: return beginOfPath(node.asDeletion()->getSegments());
+    case NodeType::TraitImpl: return beginOfPath(node.asTraitImpl()->getSegments());
+    case NodeType::OperatorOverload: return node.asOperatorOverload()->getOperatorToken().position();
+    case NodeType::Parameter: return node.asParameter()->getNameToken().position();
+    case NodeType::Annotation: return node.asAnnotation()->getNameToken().position();
+    case NodeType::Import: return node.asImport()->getPathToken().position();
+    default: break;
+    }
+    auto const* const expression = asExpression(node);
+    return expression == nullptr ? Position() : expression->getBegin();
 }
 
-Token const* lastTokenOf(Node& node) {
-    auto const* last = lastOwnTokenOf(node);
+std::optional<Token> lastTokenOf(Node& node) {
+    auto last = lastOwnTokenOf(node);
     // What stands last in a body stands behind all else, and ends where its own last part does.
     for (auto body = bodyOf(node); !body.empty(); body = bodyOf(*body.back())) {
-        if (auto const* const token = lastOwnTokenOf(*body.back()))
-            last = token;
+        if (auto token = lastOwnTokenOf(*body.back()))
+            last = std::move(token);
     }
     return last;
 }

@@ -8,6 +8,7 @@
 #include "slate/host/SourceTexts.h"
 
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace Slate::Host {
@@ -39,14 +40,14 @@ NodePtr originalOf(NodePtr const& node);
 
 /// The path to a type that is written in a declaration, without the brackets of an array; empty if none is.
 struct TypePath {
-    TokenVector const* tokens;
-    std::size_t size;
+    TokenVector tokens; // with the brackets
+    std::size_t size = 0;
 };
 
 TypePath typePathOf(Node& node);
 
 /// The target path of an attribute or deletion, the alias of an import.
-TokenVector const& segmentsOf(Node& node);
+TokenVector segmentsOf(Node& node);
 
 /// The type that is bound to the path of `typePathOf`.
 TypePtr typeAtPath(Node& node);
@@ -54,8 +55,8 @@ TypePtr typeAtPath(Node& node);
 /// Where a node begins; 0 if it has no place.
 Position beginOf(Node& node);
 
-/// The last token of a node, that of its body included; null if it has none.
-Token const* lastTokenOf(Node& node);
+/// The last token of a node, that of its body included; none if it has none.
+std::optional<Token> lastTokenOf(Node& node);
 
 /// What stands in the body of a model, attribute, import or document, in source order.
 vec<NodePtr> bodyOf(Node& node);

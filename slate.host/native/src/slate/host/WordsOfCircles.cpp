@@ -51,10 +51,10 @@ SourceRange valuePlace(Site const& site, TopologicalPath const& path) {
     auto const node = last == nullptr ? nullptr : last->getNode();
     auto const original = node ? originalOf(node) : nullptr;
     auto const attribute = original ? original->asVarAssignment() : nullptr;
-    if (!attribute || attribute->getSegments().empty())
+    if (!attribute || attribute->getPath().empty())
         return {};
     auto range = placeOf(site.workspace, *attribute);
-    auto const end = placeOf(site.workspace, attribute->getSourceId(), attribute->getSegments().back());
+    auto const end = placeOf(site.workspace, attribute->getSourceId(), attribute->getPath().back().get());
     range.end_line = end.end_line;
     range.end_column = end.end_column;
     return range;

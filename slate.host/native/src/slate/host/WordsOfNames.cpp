@@ -33,8 +33,8 @@ void offerMembers(Workspace& workspace, NearestName& nearest, ModelDeclPtr const
             if (!mayCompare(workspace))
                 return;
             auto const attribute = member->asVarAssignment();
-            if (attribute && attribute->isDeclaration() && attribute->getSegments().size() == 1)
-                nearest.offer(attribute->getSegments().front().lexeme);
+            if (attribute && attribute->isDeclaration() && attribute->getPath().size() == 1)
+                nearest.offer(attribute->getPath().front().lexeme());
             else if (auto const method = member->asMethodDeclaration())
                 nearest.offer(method->getName());
         }
@@ -50,8 +50,8 @@ void offerGlobals(Workspace& workspace, NearestName& nearest) {
             auto const variable = member->asVarAssignment();
             if (model && model->isConst())
                 nearest.offer(model->getName());
-            else if (variable && variable->getSegments().size() == 1)
-                nearest.offer(variable->getSegments().front().lexeme);
+            else if (variable && variable->getPath().size() == 1)
+                nearest.offer(variable->getPath().front().lexeme());
         }
     }
 }

@@ -99,7 +99,7 @@ void describeMissing(Site const& site, Diagnostic& diagnostic) {
     if (attributes.empty())
         return;
     // The core names the source of the last attribute, and the place of the first one.
-    if (attributes.front()->getSegments().front().position() ==
+    if (attributes.front()->getPath().front().position() ==
         Position{site.error.getLine(), site.error.getColumn()})
         diagnostic.place = placeOf(site.workspace, *attributes.front());
     auto const& last = *attributes.back();

@@ -125,9 +125,9 @@ SourceRange placeOf(Workspace& workspace, ModelDeclaration const& model) {
 }
 
 SourceRange placeOf(Workspace& workspace, VarAssignment const& attribute) {
-    return attribute.getSegments().empty()
+    return attribute.getPath().empty()
                ? SourceRange()
-               : placeOf(workspace, attribute.getSourceId(), attribute.getSegments().front());
+               : placeOf(workspace, attribute.getSourceId(), attribute.getPath().front().get());
 }
 
 std::string quoted(std::string_view text) {
