@@ -46,17 +46,14 @@ InheritedNames::InheritedNames(std::vector<DocPtr> const& documents) : hierarchy
     }
 
     struct Marks {
-        std::size_t symbols, extended_symbols, declarations, typed_members, methods, mixed_in;
+        std::size_t meanings, methods, mixed_in;
     };
 
     std::vector<Marks> marks;
     // Left when the next place is entered, since behind the last one nothing is asked for.
     std::optional<Marks> left;
     auto const leave = [&](std::size_t next_place) {
-        symbols_.leave(left->symbols, next_place);
-        extended_symbols_.leave(left->extended_symbols, next_place);
-        declarations_.leave(left->declarations, next_place);
-        typed_members_.leave(left->typed_members, next_place);
+        meanings_.leave(left->meanings, next_place);
         methods_.leave(left->methods, next_place);
         mixed_in_.leave(left->mixed_in, next_place);
         left.reset();
@@ -65,14 +62,17 @@ InheritedNames::InheritedNames(std::vector<DocPtr> const& documents) : hierarchy
         [&](ModelDeclaration const& model, std::size_t place) {
             if (left)
                 leave(place);
-            marks.push_back({symbols_.mark(), extended_symbols_.mark(), declarations_.mark(),
-                             typed_members_.mark(), methods_.mark(), mixed_in_.mark()});
+            marks.push_back({meanings_.mark(), methods_.mark(), mixed_in_.mark()});
             addModel(model, place);
         },
         [&](ModelDeclaration const& /*model*/, std::size_t /*next_place*/) {
             left = marks.back(); // with all that was entered below
             marks.pop_back();
         });
+}
+
+VarAssignPtr InheritedNames::Attribute::get() const {
+    return attribute_ == nullptr ? nullptr : attribute_->asVarAssignment();
 }
 
 void InheritedNames::measureSymbols(vec<NodePtr> const& members) {
@@ -90,11 +90,13 @@ void InheritedNames::measureSymbols(vec<NodePtr> const& members) {
 // What is entered first for a name at a place stays: own names go before those of traits, and among these the
 // first trait and its nearest base win.
 void InheritedNames::addModel(ModelDeclaration const& model, std::size_t place) {
-    for (auto const& [path, symbol] : model.getNewSymbols().entries())
-        symbols_.set(path, true, place);
+    for (auto const& [path, symbol] : model.getNewSymbols().entries()) {
+        auto& meaning = meanings_.ownAt(path, place);
+        meaning.is_symbol = true;
+        meaning.declaration.setFirst(attributeIn(symbol.lock().get()), place);
+    }
     for (auto const& path : model.getExtendedSymbols())
-        extended_symbols_.set(path, true, place);
-    addSymbols(model, place);
+        meanings_.ownAt(path, place).is_extended_symbol = true;
     addMembers(model, place);
     addMethods(model, place);
     for (auto const& entry : model.getTraits()) {
@@ -105,28 +107,27 @@ void InheritedNames::addModel(ModelDeclaration const& model, std::size_t place) 
 
 void InheritedNames::addTrait(ModelDeclaration const& trait, std::size_t place) {
     walkUp(trait, [&](ModelDeclaration const& model) {
-        addSymbols(model, place);
+        addDeclarations(model, place);
         addMethods(model, place);
     });
     for (auto const* model : trait.collectAssignableModels())
-        mixed_in_.set(model, true, place);
+        mixed_in_.ownAt(model, place) = true;
 }
 
-void InheritedNames::addSymbols(ModelDeclaration const& model, std::size_t place) {
-    for (auto const& [path, symbol] : model.getNewSymbols().entries()) {
-        auto node = symbol.lock();
-        if (attributeIn(node.get()) != nullptr)
-            declarations_.setFirst(path, std::static_pointer_cast<VarAssignment>(std::move(node)), place);
+void InheritedNames::addDeclarations(ModelDeclaration const& trait, std::size_t place) {
+    for (auto const& [path, symbol] : trait.getNewSymbols().entries()) {
+        if (auto* const attribute = attributeIn(symbol.lock().get()))
+            meanings_.ownAt(path, place).declaration.setFirst(attribute, place);
     }
 }
 
 void InheritedNames::addMembers(ModelDeclaration const& model, std::size_t place) {
     for (auto const& member : model.getMembers()) {
-        auto const* const attribute = attributeIn(member.get());
-        if (attribute == nullptr || !attribute->isDeclaration() || attribute->getSegments().size() != 1)
+        auto* const attribute = attributeIn(member.get());
+        if (attribute == nullptr || !attribute->isDeclaration() || attribute->getPath().size() != 1)
             continue;
-        typed_members_.setFirst(attribute->getSegments().front().lexeme,
-                                std::static_pointer_cast<VarAssignment>(member), place);
+        auto& meaning = meanings_.ownAt(attribute->getPath().front().lexeme(), place);
+        meaning.typed_member.setFirst(attribute, place);
     }
 }
 
@@ -142,25 +143,26 @@ void InheritedNames::addMethods(ModelDeclaration const& model, std::size_t place
 
 bool InheritedNames::hasNewSymbol(ModelDeclaration const& model, std::string_view symbol_path) const {
     auto const place = hierarchy_.placeOf(model);
-    return place ? symbols_.find(symbol_path, place->begin) : model.hasNewSymbol(symbol_path);
+    return place ? meanings_.find(symbol_path, place->begin).is_symbol : model.hasNewSymbol(symbol_path);
 }
 
 bool InheritedNames::isExtendedSymbol(ModelDeclaration const& model, std::string_view symbol_path) const {
     auto const place = hierarchy_.placeOf(model);
-    return place ? extended_symbols_.find(symbol_path, place->begin) : model.isExtendedSymbol(symbol_path);
+    return place ? meanings_.find(symbol_path, place->begin).is_extended_symbol
+                 : model.isExtendedSymbol(symbol_path);
 }
 
 VarAssignPtr InheritedNames::lookupDeclaration(ModelDeclaration const& model,
                                                std::string_view symbol_path) const {
     if (auto const place = hierarchy_.placeOf(model))
-        return declarations_.find(symbol_path, place->begin);
+        return meanings_.find(symbol_path, place->begin).declaration.get();
     return model.lookupDeclarationWithTraits(symbol_path);
 }
 
 VarAssignPtr InheritedNames::findFirstMemberWithType(ModelDeclaration const& model,
                                                      std::string_view name) const {
     if (auto const place = hierarchy_.placeOf(model))
-        return typed_members_.find(name, place->begin);
+        return meanings_.find(name, place->begin).typed_member.get();
     return model.findFirstMemberWithType(name);
 }
 

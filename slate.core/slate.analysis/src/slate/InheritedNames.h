@@ -5,6 +5,7 @@
 #include "slate/ScopedTable.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -43,26 +44,47 @@ class InheritedNames {
     std::size_t countSegmentsOfLongestSymbol() const { return segments_of_longest_symbol_; }
 
   private:
-    template <typename Value>
-    using NameScopes = ScopedTable<std::string_view, Value>;
+    /// An attribute, which its document keeps, and the place that it is from.
+    class Attribute {
+      public:
+        /// What is set first at a place stays; null sets nothing.
+        void setFirst(VarAssignment* attribute, std::size_t place) {
+            auto const number = static_cast<std::uint32_t>(place + 1);
+            if (attribute == nullptr || number == place_number_)
+                return;
+            attribute_ = attribute;
+            place_number_ = number;
+        }
+
+        VarAssignPtr get() const;
+
+      private:
+        VarAssignment* attribute_ = nullptr;
+        std::uint32_t place_number_ = 0;
+    };
+
+    /// What a name, or a path of names, is to a model.
+    struct Meaning {
+        Attribute declaration; // those of traits too
+        Attribute typed_member;
+        bool is_symbol = false;
+        bool is_extended_symbol = false;
+    };
 
     void measureSymbols(vec<NodePtr> const& members);
     void addModel(ModelDeclaration const& model, std::size_t place);
     void addMembers(ModelDeclaration const& model, std::size_t place);
     void addTrait(ModelDeclaration const& trait, std::size_t place);
-    void addSymbols(ModelDeclaration const& model, std::size_t place);
+    void addDeclarations(ModelDeclaration const& trait, std::size_t place);
     void addMethods(ModelDeclaration const& model, std::size_t place);
 
     ModelHierarchy hierarchy_;
     std::size_t segments_of_longest_symbol_ = 0;
 
     // Of the models that have places.
-    NameScopes<bool> symbols_;
-    NameScopes<bool> extended_symbols_;
-    NameScopes<VarAssignPtr> declarations_; // those of traits too
-    NameScopes<VarAssignPtr> typed_members_;
-    NameScopes<MethodDeclPtr> methods_;                   // those of traits too
-    ScopedTable<ModelDeclaration const*, bool> mixed_in_; // traits, and what they are assignable to
+    ScopedTable<std::string_view, Meaning> meanings_;
+    ScopedTable<std::string_view, MethodDeclPtr> methods_; // those of traits too
+    ScopedTable<ModelDeclaration const*, bool> mixed_in_;  // traits, and what they are assignable to
 };
 
 } // namespace Slate::Analysis

@@ -64,25 +64,15 @@ class ScopedKeys<std::string_view> {
 template <typename Key, typename Value>
 class ScopedTable {
   public:
-    /// Adds or replaces an entry of the place that was entered last.
-    void set(Key key, Value value, std::size_t place) {
-        auto const known = keys_.findOrAdd(key);
-        if (known)
-            replace(*known, std::move(value), place);
-        else
-            start(std::move(value), place);
-    }
+    /// The entry that the place entered last has of its own, to be changed at once. A new one begins with
+    /// what holds there anyway.
+    Value& ownAt(Key key, std::size_t place) { return findOrMakeOwn(key, place).first; }
 
-    /// The same, unless this very place has an entry of its own for the key.
+    /// Gives that place an entry of its own, unless it has one for the key.
     void setFirst(Key key, Value value, std::size_t place) {
-        auto const known = keys_.findOrAdd(key);
-        if (!known) {
-            start(std::move(value), place);
-            return;
-        }
-        auto const& last = changes_[*known].last();
-        if (last.place != place || !last.is_own)
-            replace(*known, std::move(value), place);
+        auto const [own, is_new] = findOrMakeOwn(key, place);
+        if (is_new)
+            own = std::move(value);
     }
 
     /// To be asked when a place is entered, for `leave`.
@@ -121,15 +111,21 @@ class ScopedTable {
         Change const& last() const { return further.empty() ? first : further.back(); }
     };
 
-    void start(Value&& value, std::size_t place) {
-        undo_.emplace_back(changes_.size(), Value());
-        changes_.push_back({{place, std::move(value), true}, {}});
-    }
-
-    void replace(std::size_t number, Value&& value, std::size_t place) {
-        auto& changes = changes_[number];
-        undo_.emplace_back(number, changes.last().value);
-        put(changes, {place, std::move(value), true});
+    std::pair<Value&, bool> findOrMakeOwn(Key key, std::size_t place) {
+        auto const known = keys_.findOrAdd(key);
+        if (!known) {
+            undo_.emplace_back(changes_.size(), Value());
+            auto& changes = changes_.emplace_back();
+            changes.first = {place, Value(), true};
+            return {changes.first.value, true};
+        }
+        auto& changes = changes_[*known];
+        bool const is_new = changes.last().place != place || !changes.last().is_own;
+        if (is_new) {
+            undo_.emplace_back(*known, changes.last().value);
+            put(changes, {place, changes.last().value, true});
+        }
+        return {changes.last().value, is_new};
     }
 
     static void put(Changes& changes, Change change) {

@@ -18,7 +18,7 @@ ValidateTraitsVisitor::ValidateTraitsVisitor(std::shared_ptr<ErrorReporter> erro
             for (auto const& entry : model.getTraits()) {
                 if (auto const trait = entry->getTraitDeclaration()) {
                     auto const* base = hierarchy_.baseOf(*trait);
-                    high_counts_.set(base, high_counts_.find(base, place) + 1, place);
+                    ++high_counts_.ownAt(base, place);
                 }
             }
         },
