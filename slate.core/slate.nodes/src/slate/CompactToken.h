@@ -19,9 +19,12 @@ class CompactToken {
     /// Valid as long as this token.
     std::string_view lexeme() const { return lexeme_.view(); }
 
-    Position position() const { return {word_.line(), word_.column()}; }
+    Position position() const { return word_.position(); }
 
-    Token get() const { return {type(), lexeme_.toString(), word_.line(), word_.column()}; }
+    Token get() const {
+        auto const [line, column] = position();
+        return {type(), lexeme_.toString(), line, column};
+    }
 
   private:
     CompactString lexeme_;

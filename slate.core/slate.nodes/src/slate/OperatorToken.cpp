@@ -30,7 +30,8 @@ OperatorToken::OperatorToken(Token&& token)
 Token OperatorToken::get() const {
     if (auto const* const kept = word_.findKept())
         return *kept;
-    return {type(), std::string(textOf(type())), word_.line(), word_.column()};
+    auto const [line, column] = word_.position();
+    return {type(), std::string(textOf(type())), line, column};
 }
 
 } // namespace Slate

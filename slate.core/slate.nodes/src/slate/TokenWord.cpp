@@ -8,8 +8,8 @@ namespace Slate {
 TokenWord::TokenWord(Token&& token, Text text)
     : word_(1U | static_cast<std::uint64_t>(token.type) << type_place | token.column << column_place |
             token.line << line_place) {
-    // What does not fit reads differently.
-    bool const fits = type() == token.type && column() == token.column && line() == token.line;
+    bool const fits = static_cast<std::uint64_t>(token.type) <= type_mask && token.column <= column_mask &&
+                      token.line <= line_mask;
     if (!fits || text == Text::Kept)
         word_ = std::bit_cast<std::uintptr_t>(std::make_unique<Token const>(std::move(token)).release());
 }

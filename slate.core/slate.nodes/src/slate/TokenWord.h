@@ -25,11 +25,12 @@ class TokenWord {
         return isPacked() ? static_cast<TokenType>(word_ >> type_place & type_mask) : given()->type;
     }
 
-    line_t line() const { return isPacked() ? word_ >> line_place : given()->line; }
+    Position position() const {
+        return isPacked() ? Position{word_ >> line_place, word_ >> column_place & column_mask}
+                          : given()->position();
+    }
 
-    col_t column() const { return isPacked() ? word_ >> column_place & column_mask : given()->column; }
-
-    /// Null where the text is left out; where it would be, there may still be one.
+    /// The whole token as it was given; null where this word says all of it but the text.
     Token const* findKept() const { return isPacked() ? nullptr : given(); }
 
   private:
@@ -40,6 +41,7 @@ class TokenWord {
     static constexpr unsigned line_place = 32;
     static constexpr std::uint64_t type_mask = 0x7F;
     static constexpr std::uint64_t column_mask = 0xFF'FFFF;
+    static constexpr std::uint64_t line_mask = 0xFFFF'FFFF;
 
     bool isPacked() const { return (word_ & 1U) != 0; }
 
